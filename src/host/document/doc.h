@@ -1,0 +1,104 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/archive/model.h"
+#include "host/document/file_options.h"
+#include "host/document/object.h"
+#include "host/document/plugin_data.h"
+#include "host/document/tables.h"
+#include "host/document/view.h"
+#include "host/geometry/on_settings.h"
+
+class CRhinoDocProperties {
+ public:
+  const ON_3dmUnitsAndTolerances& ModelUnitsAndTolerances() const {
+    return settings_.m_model_units;
+  }
+  const ON_3dmRenderSettings& RenderSettings() const { return settings_.m_render_settings; }
+  const ON_3dmSettings& Settings() const { return settings_; }
+
+ private:
+  friend class CRhinoDoc;
+  ON_3dmSettings settings_;
+};
+
+// The open document.
+class CRhinoDoc {
+ public:
+  CRhinoDoc();
+  ~CRhinoDoc();
+  CRhinoDoc(const CRhinoDoc&) = delete;
+  CRhinoDoc& operator=(const CRhinoDoc&) = delete;
+
+  // Replaces the content by that of `model`, read from `path`. Views that the model lacks are made:
+  // a document always has at least one.
+  void SetModel(ONX_Model model, std::string path);
+  // Adds the objects, layers, materials and groups of `model` to the open ones: layers are matched
+  // by their full path, objects get new ids when theirs is taken. Views, settings and document
+  // strings stay.
+  void ImportModel(ONX_Model model);
+
+  // The file that the document was opened from; empty for a new one.
+  const std::string& PathName() const { return path_; }
+  int FileVersion() const { return file_version_; }
+
+  const CRhinoDocProperties& Properties() const { return properties_; }
+  ON_UnitSystem ModelUnits() const {
+    return properties_.ModelUnitsAndTolerances().m_unit_system;
+  }
+  const ON_3dmProperties& FileProperties() const { return file_properties_; }
+
+  CRhinoLayerTable m_layer_table;
+  CRhinoMaterialTable m_material_table;
+  CRhinoGroupTable m_group_table;
+  CRhinoLinetypeTable m_linetype_table;
+  CRhinoDimStyleTable m_dimstyle_table;
+  CRhinoInstanceDefinitionTable m_instance_definition_table;
+  ON_UserStringList m_user_strings;
+
+  // All objects in the order of the document, members of block definitions included.
+  std::span<const std::unique_ptr<CRhinoObject>> Objects() const { return objects_; }
+  std::span<const std::unique_ptr<CRhinoObject>> Lights() const { return lights_; }
+  // Null when there is none.
+  CRhinoObject* LookupObject(const ON_UUID& id) const;
+  CRhinoObject* LookupObject(unsigned runtime_serial_number) const;
+  // The box of all visible objects, lights not counted; not valid when there is none.
+  ON_BoundingBox BoundingBox() const;
+  int SelectedCount() const;
+
+  // Fills `list` with the model views, the page views or both, in the document's order.
+  void GetViewList(std::vector<CRhinoView*>& list, bool model_views, bool page_views) const;
+  // The view that commands work in. On opening: the view that the document names as the active one;
+  // else a maximised model view, the first one of them; else the first perspective model view; else
+  // the first view.
+  CRhinoView* ActiveView() const { return active_view_; }
+  void SetActiveView(CRhinoView* view) { active_view_ = view; }
+
+  // The data of plug-ins that the document holds.
+  const std::vector<ONX_PlugInData>& PlugInData() const { return plugin_data_; }
+
+  // Counts of records that weren't read, and what is wrong with the file; for the user.
+  const std::vector<ONX_UnreadKind>& UnreadKinds() const { return unread_; }
+  const std::vector<std::string>& Problems() const { return problems_; }
+
+ private:
+  void AddObjects(std::vector<ONX_ModelObject> objects, std::vector<ONX_ModelLight> lights);
+  void MakeViews(const ON_3dmSettings& settings);
+
+  std::string path_;
+  int file_version_ = 0;
+  ON_3dmProperties file_properties_;
+  CRhinoDocProperties properties_;
+  std::vector<std::unique_ptr<CRhinoObject>> objects_;
+  std::vector<std::unique_ptr<CRhinoObject>> lights_;
+  std::vector<std::unique_ptr<CRhinoView>> views_;
+  CRhinoView* active_view_ = nullptr;
+  std::vector<ONX_PlugInData> plugin_data_;
+  std::vector<ONX_UnreadKind> unread_;
+  std::vector<std::string> problems_;
+};

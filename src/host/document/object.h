@@ -1,0 +1,52 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/archive/model.h"
+#include "host/geometry/on_object.h"
+#include "host/geometry/on_object_attributes.h"
+
+class CRhinoDoc;
+
+// An object of the open document: geometry, attributes, selection. Owned by the document.
+class CRhinoObject {
+ public:
+  CRhinoObject(CRhinoDoc& doc, unsigned serial_number, ONX_ModelObject model_object);
+  virtual ~CRhinoObject();
+  CRhinoObject(const CRhinoObject&) = delete;
+  CRhinoObject& operator=(const CRhinoObject&) = delete;
+
+  // A number that no other object has or had while the program runs. Starts at 1.
+  unsigned RuntimeSerialNumber() const { return serial_number_; }
+  const ON_3dmObjectAttributes& Attributes() const { return attributes_; }
+  // Null for an object whose class isn't read; such an object is kept and listed only.
+  const ON_Geometry* Geometry() const { return geometry_.get(); }
+  // By the geometry, or by what the document says where there is none.
+  ON_ObjectType ObjectType() const;
+  // What the object is called in messages: "mesh", "point cloud", "brep", ...
+  std::string ShortDescription() const;
+
+  // False when it is hidden or its layer, or a layer above that, is off; false for a member of a
+  // block definition.
+  bool IsVisible() const;
+  bool IsLocked() const;
+  bool IsHidden() const;
+  // True for a member of a block definition, which isn't drawn on its own.
+  bool IsInstanceDefinitionGeometry() const;
+  bool IsSelected() const { return selected_; }
+  // A hidden or locked object can't be selected. True when the selection changed.
+  bool Select(bool select = true);
+  // Sets the object's own hidden mode; hiding deselects. True when something changed.
+  bool Hide(bool hide = true);
+
+ private:
+  CRhinoDoc& doc_;
+  unsigned serial_number_;
+  ON_3dmObjectAttributes attributes_;
+  std::shared_ptr<ON_Geometry> geometry_;
+  ON_UUID class_id_;
+  ON_ObjectType stored_type_;
+  ON_FileSpan span_;
+  bool selected_ = false;
+};

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cmath>
+
+// Points and vectors, double and single precision. No operation checks for unset values.
+
+// The number that stands for "no value" in documents.
+inline constexpr double ON_UNSET_VALUE = -1.23432101234321e+308;
+
+struct ON_2fPoint {
+  float x, y;
+  friend bool operator==(const ON_2fPoint&, const ON_2fPoint&) = default;
+};
+
+struct ON_3fPoint {
+  float x, y, z;
+  friend bool operator==(const ON_3fPoint&, const ON_3fPoint&) = default;
+};
+using ON_3fVector = ON_3fPoint;
+
+struct ON_2dPoint {
+  double x, y;
+  friend bool operator==(const ON_2dPoint&, const ON_2dPoint&) = default;
+};
+
+struct ON_Interval {
+  double Min = ON_UNSET_VALUE;
+  double Max = ON_UNSET_VALUE;
+  friend bool operator==(const ON_Interval&, const ON_Interval&) = default;
+};
+
+struct ON_3dVector {
+  double x, y, z;
+
+  double Length() const { return std::hypot(x, y, z); }
+  friend bool operator==(const ON_3dVector&, const ON_3dVector&) = default;
+  friend ON_3dVector operator+(ON_3dVector a, ON_3dVector b) {
+    return {a.x + b.x, a.y + b.y, a.z + b.z};
+  }
+  friend ON_3dVector operator-(ON_3dVector a, ON_3dVector b) {
+    return {a.x - b.x, a.y - b.y, a.z - b.z};
+  }
+  friend ON_3dVector operator*(ON_3dVector v, double s) { return {v.x * s, v.y * s, v.z * s}; }
+  friend ON_3dVector operator-(ON_3dVector v) { return {-v.x, -v.y, -v.z}; }
+};
+
+struct ON_3dPoint {
+  double x, y, z;
+
+  friend bool operator==(const ON_3dPoint&, const ON_3dPoint&) = default;
+  friend ON_3dPoint operator+(ON_3dPoint p, ON_3dVector v) {
+    return {p.x + v.x, p.y + v.y, p.z + v.z};
+  }
+  friend ON_3dVector operator-(ON_3dPoint a, ON_3dPoint b) {
+    return {a.x - b.x, a.y - b.y, a.z - b.z};
+  }
+};
+
+inline double ON_DotProduct(ON_3dVector a, ON_3dVector b) {
+  return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+inline ON_3dVector ON_CrossProduct(ON_3dVector a, ON_3dVector b) {
+  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+// The vector from the world's origin to `p`.
+inline ON_3dVector ON_FromOrigin(ON_3dPoint p) { return {p.x, p.y, p.z}; }
+
+// An oriented plane. Its axes are unit vectors, perpendicular to each other.
+struct ON_Plane {
+  ON_3dPoint origin{0, 0, 0};
+  ON_3dVector xaxis{1, 0, 0};
+  ON_3dVector yaxis{0, 1, 0};
+  ON_3dVector zaxis{0, 0, 1};
+
+  // Signed, positive on the side to which zaxis points.
+  double DistanceTo(ON_3dPoint p) const { return ON_DotProduct(p - origin, zaxis); }
+};

@@ -1,0 +1,130 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "host/geometry/on_bounding_box.h"
+#include "host/geometry/on_color.h"
+#include "host/geometry/on_object.h"
+#include "host/geometry/on_uuid.h"
+
+// The records of a document's tables. An index is a position in the table that is named; -1 none.
+
+class ON_Layer : public ON_Object {
+ public:
+  ON_UUID m_id;
+  std::string m_name;
+  ON_Color m_color;
+  ON_Color m_plot_color = ON_UNSET_COLOR;
+  double m_plot_weight_mm = 0;
+  bool m_visible = true;
+  bool m_locked = false;
+  bool m_expanded = true;
+  int m_render_material_index = -1;
+  int m_linetype_index = -1;
+  int m_iges_level = -1;
+  ON_UUID m_parent_id;
+  ON_UUID m_display_material_id;
+};
+
+class ON_Texture : public ON_Object {
+ public:
+  // The values are those of documents; others occur (physically based kinds) and are kept.
+  enum class Type : int { none = 0, bitmap = 1, bump = 2, transparency = 3, environment = 86 };
+
+  ON_UUID m_texture_id;
+  int m_mapping_channel_id = 1;
+  // As the document stores it.
+  std::string m_image_file;
+  bool m_bOn = true;
+  Type m_type = Type::bitmap;
+  int m_mode = 1;
+  int m_minfilter = 1;
+  int m_magfilter = 1;
+  // 0 repeat, 1 clamp.
+  std::array<int, 3> m_wrap{0, 0, 0};
+  ON_Xform m_uvw;
+  ON_Color m_border_color = ON_UNSET_COLOR;
+  ON_Color m_transparent_color = ON_UNSET_COLOR;
+  ON_UUID m_transparency_texture_id;
+  std::array<double, 2> m_bump_scale{0, 1};
+};
+
+class ON_Material : public ON_Object {
+ public:
+  ON_UUID m_id;
+  std::string m_name;
+  ON_UUID m_plugin_id;
+  ON_Color m_ambient{0, 0, 0};
+  ON_Color m_diffuse{128, 128, 128};
+  ON_Color m_emission{0, 0, 0};
+  ON_Color m_specular{255, 255, 255};
+  ON_Color m_reflection{255, 255, 255};
+  ON_Color m_transparent{255, 255, 255};
+  double m_index_of_refraction = 1;
+  double m_reflectivity = 0;
+  // 0 to 255.
+  double m_shine = 0;
+  // 0 opaque to 1.
+  double m_transparency = 0;
+  std::vector<ON_Texture> m_textures;
+};
+
+struct ON_Group {
+  ON_UUID m_id;
+  std::string m_name;
+  // The number by which objects name this group.
+  int m_index = 0;
+};
+
+class ON_Linetype : public ON_Object {
+ public:
+  struct Segment {
+    // Millimetres on paper.
+    double m_length = 0;
+    bool m_is_gap = false;
+  };
+  ON_UUID m_id;
+  std::string m_name;
+  std::vector<Segment> m_segments;
+};
+
+class ON_DimStyle : public ON_Object {
+ public:
+  ON_UUID m_id;
+  std::string m_name;
+  double m_extextension = 0.5;
+  double m_extoffset = 0.5;
+  double m_arrowsize = 1;
+  double m_leaderarrowsize = 1;
+  double m_centermark = 0.5;
+  double m_textgap = 0.25;
+  double m_textheight = 1;
+  double m_dimscale = 1;
+  double m_lengthfactor = 1;
+  int m_lengthresolution = 2;
+  int m_angleresolution = 2;
+  int m_arrowtype1 = 0;
+  int m_arrowtype2 = 0;
+  int m_leaderarrowtype = 0;
+  std::string m_font;
+  std::string m_prefix;
+  std::string m_suffix;
+};
+
+// A block: a set of objects of the object table that is drawn wherever a reference places it.
+class ON_InstanceDefinition : public ON_Object {
+ public:
+  // 0 and 1 static, 2 linked and embedded, 3 linked.
+  int m_kind = 0;
+  ON_UUID m_id;
+  std::string m_name;
+  std::string m_description;
+  std::string m_url;
+  std::string m_url_tag;
+  std::string m_linked_file;
+  ON_BoundingBox m_bbox;
+  // Ids of objects.
+  std::vector<ON_UUID> m_object_ids;
+};
