@@ -1,0 +1,68 @@
+// The module that hosts load: the plug-in object with its commands, and what a host asks of the
+// module's exports.
+
+#include "jobs/environment_map_command.h"
+#include "jobs/plugin.h"
+#include "jobs/settings_commands.h"
+#include "jobs/version_increment_command.h"
+#include "jobs/write_archive_command.h"
+
+namespace {
+
+// The one plug-in object, with all its commands.
+class Module {
+ public:
+  Module() {
+    plug_in_.AddCommand<orv::CCommandOrvLoadSettings>();
+    plug_in_.AddCommand<orv::CCommandOrvSaveSettings>();
+    plug_in_.AddCommand<orv::CCommandOrvResetSettings>();
+    plug_in_.AddCommand<orv::CCommandOrvEnvironmentMap>();
+    plug_in_.AddCommand<orv::CCommandOrvVersionIncrement>();
+    plug_in_.AddCommand<orv::CCommandOrvWriteArchive>();
+  }
+
+ private:
+  orv::CSceneOutPlugIn plug_in_;
+};
+
+const Module theModule;
+
+}  // namespace
+
+extern "C" {
+
+// The SDK that the module was built with; a host refuses others than its own.
+[[gnu::visibility("default")]] int RhinoPlugInSdkVersion() {
+  return 200909025;
+}
+[[gnu::visibility("default")]] int RhinoPlugInSdkServiceRelease() {
+  return 201008125;
+}
+
+// Who ships the plug-in. What there is none of is empty.
+[[gnu::visibility("default")]] const wchar_t* RhinoPlugInDeveloperOrganization() {
+  return L"RhinoOrv";
+}
+[[gnu::visibility("default")]] const wchar_t* RhinoPlugInDeveloperAddress() {
+  return L"";
+}
+[[gnu::visibility("default")]] const wchar_t* RhinoPlugInDeveloperCountry() {
+  return L"";
+}
+[[gnu::visibility("default")]] const wchar_t* RhinoPlugInDeveloperPhone() {
+  return L"";
+}
+[[gnu::visibility("default")]] const wchar_t* RhinoPlugInDeveloperFax() {
+  return L"";
+}
+[[gnu::visibility("default")]] const wchar_t* RhinoPlugInDeveloperEmail() {
+  return L"";
+}
+[[gnu::visibility("default")]] const wchar_t* RhinoPlugInDeveloperWebsite() {
+  return L"";
+}
+[[gnu::visibility("default")]] const wchar_t* RhinoPlugInUpdateURL() {
+  return L"";
+}
+
+}  // extern "C"

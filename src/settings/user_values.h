@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace orv {
+
+inline constexpr std::size_t kMaxTextureCacheDir = 1000;
 
 // What a user keeps across documents. The plug-in owns the values; they are read from the profile
 // when it loads and written back when it unloads.

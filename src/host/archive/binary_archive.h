@@ -45,9 +45,6 @@ class ON_BinaryArchive {
   // payload that was written under other versions, with lengths of another width, is read.
   void SetArchive3dmVersion(int version) { archive_version_ = version; }
   void SetArchiveOpenNURBSVersion(unsigned version) { library_version_ = version; }
-  // The version that rules the width of the chunks opened from here on: an item of user data may have
-  // been copied from an older file.
-  void SetArchive3dmVersion(int version) { archive_version_ = version; }
 
   // --- Reading -------------------------------------------------------------------------------
 
@@ -68,9 +65,12 @@ class ON_BinaryArchive {
   // The version byte at the start of most class data: major in the high half.
   [[nodiscard]] bool Read3dmChunkVersion(int* major, int* minor);
 
-  // Offset of the next byte in the file, and the bytes left in the open chunk (without its sum).
+  // Offset of the next byte in the file, also while writing, and the bytes left in the open chunk
+  // (without its sum).
   std::uint64_t CurrentPosition() const;
   std::uint64_t BytesLeft() const;
+  // Offset of the first byte behind the open chunk.
+  std::uint64_t ChunkEnd() const { return chunks_.back().end; }
 
   [[nodiscard]] bool ReadByte(std::span<std::byte> out);
   [[nodiscard]] bool ReadBool(bool* value);
@@ -100,8 +100,8 @@ class ON_BinaryArchive {
   [[nodiscard]] bool ReadCompressedBufferSize(std::size_t* size);
   // Inflates the buffer into `out`. Fails when the stored bytes don't give exactly out.size().
   [[nodiscard]] bool ReadCompressedBuffer(std::span<std::byte> out);
-  // A compressed buffer of `count` elements; `out` stays empty when the buffer is absent. Fails when
-  // its size differs from that of `count` elements, before anything is allocated.
+  // A compressed buffer of `count` elements; `out` stays empty when the buffer is absent. Fails
+  // when its size differs from that of `count` elements, before anything is allocated.
   template <class T>
   [[nodiscard]] bool ReadCompressedArray(std::size_t count, ON_SimpleArray<T>* out) {
     std::size_t size = 0;
@@ -159,6 +159,8 @@ class ON_BinaryArchive {
     std::uint32_t sum = 0;
     bool has_sum = false;
     bool failed = false;
+    // The file ends inside it.
+    bool is_cut = false;
     // As they were outside.
     int archive_version = 0;
     unsigned library_version = 0;

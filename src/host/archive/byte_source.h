@@ -10,8 +10,8 @@
 
 // Bytes to be read from front to back, with jumps: a file through a small window, or memory.
 //
-// A file is never held whole, so that opening needs no memory in proportion to it, and never mapped,
-// so that another program that cuts it short meanwhile gives a short read and no fault.
+// A file is never held whole, so that opening needs no memory in proportion to it, and never
+// mapped, so that another program that cuts it short meanwhile gives a short read and no fault.
 class ByteSource {
  public:
   explicit ByteSource(std::span<const std::byte> bytes);

@@ -46,8 +46,8 @@ class CommandOption {
   bool Flip();
   // The prompt that asks for the value of an integer, number or list. Enter keeps the value.
   Prompt ValuePrompt() const;
-  // Sets the bound variable from a typed value. Empty when that worked; otherwise what was expected:
-  // "Frame takes a whole number from -1 to 9999, not 'x'."
+  // Sets the bound variable from a typed value. Empty when that worked; otherwise what was
+  // expected: "Frame takes a whole number from -1 to 9999, not 'x'."
   std::string SetValue(std::string_view text);
 
  private:

@@ -14,8 +14,8 @@ struct CRhinoFileFilter {
   std::string Pattern;
 };
 
-// The host's dialogs that choose a file. At a terminal they are a prompt for a path, with completion
-// of file names.
+// The host's dialogs that choose a file. At a terminal they are a prompt for a path, with
+// completion of file names.
 struct CRhinoFileDialog {
   std::string Title;
   std::vector<CRhinoFileFilter> Filters;

@@ -37,6 +37,7 @@ class CRhinoGetObject : public CRhinoGet {
  protected:
   std::optional<Result> TakeText(const Answer& answer) override;
   std::optional<Result> TakeEnter() override;
+  bool TakesFreeText() const override { return true; }
   void CompletePrompt(Prompt& prompt) const override;
 
  private:

@@ -7,8 +7,8 @@
 
 #include "host/command/getter.h"
 
-// Asks for a text. Options are picked by their whole names only; a text in double quotes is never an
-// option. At a terminal the text is the whole line, in a script one token.
+// Asks for a text. Options are picked by their whole names only; a text in double quotes is never
+// an option. At a terminal the text is the whole line, in a script one token.
 class CRhinoGetString : public CRhinoGet {
  public:
   explicit CRhinoGetString(CRhinoCommandContext& context) : CRhinoGet(context) {}
@@ -29,6 +29,7 @@ class CRhinoGetString : public CRhinoGet {
  protected:
   std::optional<Result> TakeText(const Answer& answer) override;
   std::optional<Result> TakeEnter() override;
+  bool TakesFreeText() const override { return true; }
   void CompletePrompt(Prompt& prompt) const override;
 
  private:

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <initializer_list>
 #include <limits>
 #include <optional>
 #include <span>
@@ -12,13 +11,14 @@
 #include "host/command/command_option.h"
 #include "host/command/input_source.h"
 
-// The base of the getters: objects with which a command asks for something and waits for the answer.
+// The base of the getters: objects with which a command asks for something and waits for the
+// answer.
 //
-// An option is picked by its name or, unless the getter takes free text, by an unambiguous beginning
-// of it, in any case; `_` before a name is ignored. "Name=Value" sets a value at once: on a plain
-// option the value becomes the answer to the next prompt. A toggle picked without a value flips; an
-// integer, number or list then asks for its value. A value that doesn't fit is told and asked for
-// again, or makes the getter fail when a script answers.
+// An option is picked by its name or, unless the getter takes free text, by an unambiguous
+// beginning of it, in any case; `_` before a name is ignored. "Name=Value" sets a value at once: on
+// a plain option the value becomes the answer to the next prompt. A toggle picked without a value
+// flips; an integer, number or list then asks for its value. A value that doesn't fit is told and
+// asked for again, or makes the getter fail when a script answers.
 class CRhinoGet {
  public:
   enum class Result {
@@ -68,27 +68,37 @@ class CRhinoGet {
 
   // Asks until there is a result.
   Result Get();
+  // The result is `result`, without asking.
+  Result Have(Result result) { return result_ = result; }
 
   // A text that is no option. Nothing when it was refused and is to be asked for again.
   virtual std::optional<Result> TakeText(const Answer& answer);
   // Enter. The base gives nothing or cancel.
   virtual std::optional<Result> TakeEnter();
+  // Whether any text is an answer, so that an option must be named in full.
+  virtual bool TakesFreeText() const { return false; }
   // What is to be added to the prompt.
   virtual void CompletePrompt(Prompt& prompt) const { static_cast<void>(prompt); }
 
   // Tells what is wrong with the answer: nothing when it is to be asked for again, else no_result.
   std::optional<Result> Refuse(std::string_view message);
   CRhinoCommandContext& Context() const { return context_; }
-  bool AcceptsNothing() const { return accept_nothing_; }
-  const std::vector<CommandOption>& Options() const { return options_; }
 
  private:
+  // Which option a text names, and the value that follows it.
+  struct OptionMatch {
+    int position = -1;
+    std::optional<std::string_view> value;
+    // The names that begin so when it is not clear which is meant.
+    std::vector<std::string> candidates;
+  };
+
   Prompt MakePrompt() const;
   std::optional<Result> TakeAnswer(const Answer& answer);
-  // Nothing when the text is no option.
-  std::optional<std::optional<Result>> TakeOption(const Answer& answer, bool takes_text);
-  std::optional<Result> PickOption(int index, std::optional<std::string_view> value);
-  std::optional<Result> AskForValue(CommandOption& option);
+  OptionMatch MatchOption(std::string_view text) const;
+  std::optional<Result> PickOption(const OptionMatch& match);
+  // option, cancel or no_result.
+  Result AskForValue(CommandOption& option);
   int Add(std::string_view name, CommandOption::Kind kind);
 
   CRhinoCommandContext& context_;

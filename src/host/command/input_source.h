@@ -25,6 +25,8 @@ struct Prompt {
   std::string Default;
   // Answers that are at hand, for completion; not shown.
   std::vector<std::string> Words;
+  // True when no command runs: the answer is a command's name.
+  bool AsksForCommand = false;
   // True when Enter is an answer, with or without a default.
   bool AcceptsEnter = false;
   // True when the answer is one whole text that may contain blanks, as a file name.

@@ -42,6 +42,9 @@ class CRhinoFileExportPlugIn : public CRhinoPlugInDocumentData {
   virtual int WriteFile(std::string_view file_name, CRhinoDoc& doc,
                         const CRhinoFileWriteOptions& options) = 0;
 
+  // The plug-in that was made since the last call, for the loader of modules; null when none was.
+  static CRhinoFileExportPlugIn* TakeLastMade();
+
   // The file that the plug-in's module was loaded from; empty when it is linked.
   const std::string& PlugInFileName() const { return file_name_; }
   void SetPlugInFileName(std::string file_name) { file_name_ = std::move(file_name); }

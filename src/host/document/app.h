@@ -1,7 +1,10 @@
 #pragma once
 
-#include <memory>
+#include <span>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "host/document/doc.h"
 #include "host/system/command_window.h"
@@ -13,10 +16,12 @@ class CRhinoApp {
  public:
   CRhinoApp();
   ~CRhinoApp();
+  CRhinoApp(const CRhinoApp&) = delete;
+  CRhinoApp& operator=(const CRhinoApp&) = delete;
 
-  CRhinoDoc& ActiveDoc() { return *doc_; }
-  // The view that commands work in; null when the document has none.
-  CRhinoView* ActiveView() { return doc_->ActiveView(); }
+  CRhinoDoc& ActiveDoc() { return doc_; }
+  // The view that commands work in.
+  CRhinoView* ActiveView() { return doc_.ActiveView(); }
 
   // Text into the command window; a percent sign is a percent sign.
   void Print(std::string_view text) { window_.Print(text); }
@@ -33,14 +38,22 @@ class CRhinoApp {
   // Merges a document into the open one; otherwise as OpenDocument.
   [[nodiscard]] bool ImportDocument(std::string_view path);
 
-  // The plug-ins whose document data is read and written. Not owned.
+  // The plug-ins whose document data is read and written. Not owned. A plug-in that is added reads
+  // its data of the open document at once, so it is added when it is ready for that.
   void AddPlugInData(CRhinoPlugInDocumentData& plug_in);
   void RemovePlugInData(CRhinoPlugInDocumentData& plug_in);
 
- private:
-  void ReadPlugInData(const std::vector<ONX_PlugInData>& data, const CRhinoFileReadOptions& options);
+  // The next number for an object of any document.
+  unsigned NewRuntimeSerialNumber() { return ++last_serial_number_; }
 
-  std::unique_ptr<CRhinoDoc> doc_;
+ private:
+  [[nodiscard]] bool ReadFile(std::string_view path, ONX_Model& model);
+  void ReadPlugInData(std::span<CRhinoPlugInDocumentData* const> plug_ins,
+                      const std::vector<ONX_PlugInData>& data,
+                      const CRhinoFileReadOptions& options);
+
+  unsigned last_serial_number_ = 0;
+  CRhinoDoc doc_;
   host::CommandWindow window_;
   host::Profile profile_;
   std::vector<CRhinoPlugInDocumentData*> plugin_data_;

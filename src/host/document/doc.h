@@ -1,9 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "host/archive/model.h"
@@ -38,9 +40,10 @@ class CRhinoDoc {
   // Replaces the content by that of `model`, read from `path`. Views that the model lacks are made:
   // a document always has at least one.
   void SetModel(ONX_Model model, std::string path);
-  // Adds the objects, layers, materials and groups of `model` to the open ones: layers are matched
-  // by their full path, objects get new ids when theirs is taken. Views, settings and document
-  // strings stay.
+  // Adds the objects, tables and block definitions of `model` to the open ones: layers are matched
+  // by their full path, everything else is appended, and what has an id that is taken gets a new
+  // one. Nothing is scaled. Views, settings, document strings and the data of plug-ins stay; views
+  // in perspective see as deep as the added objects reach.
   void ImportModel(ONX_Model model);
 
   // The file that the document was opened from; empty for a new one.
@@ -48,9 +51,7 @@ class CRhinoDoc {
   int FileVersion() const { return file_version_; }
 
   const CRhinoDocProperties& Properties() const { return properties_; }
-  ON_UnitSystem ModelUnits() const {
-    return properties_.ModelUnitsAndTolerances().m_unit_system;
-  }
+  ON_UnitSystem ModelUnits() const { return properties_.ModelUnitsAndTolerances().m_unit_system; }
   const ON_3dmProperties& FileProperties() const { return file_properties_; }
 
   CRhinoLayerTable m_layer_table;
@@ -64,12 +65,15 @@ class CRhinoDoc {
   // All objects in the order of the document, members of block definitions included.
   std::span<const std::unique_ptr<CRhinoObject>> Objects() const { return objects_; }
   std::span<const std::unique_ptr<CRhinoObject>> Lights() const { return lights_; }
-  // Null when there is none.
+  // A number that changes whenever objects come or go.
+  unsigned ContentNumber() const { return content_number_; }
+  // An object or light; null when there is none.
   CRhinoObject* LookupObject(const ON_UUID& id) const;
   CRhinoObject* LookupObject(unsigned runtime_serial_number) const;
   // The box of all visible objects, lights not counted; not valid when there is none.
   ON_BoundingBox BoundingBox() const;
-  int SelectedCount() const;
+  // Objects and lights.
+  int SelectedCount() const { return selected_count_; }
 
   // Fills `list` with the model views, the page views or both, in the document's order.
   void GetViewList(std::vector<CRhinoView*>& list, bool model_views, bool page_views) const;
@@ -87,15 +91,32 @@ class CRhinoDoc {
   const std::vector<std::string>& Problems() const { return problems_; }
 
  private:
-  void AddObjects(std::vector<ONX_ModelObject> objects, std::vector<ONX_ModelLight> lights);
+  friend class CRhinoObject;
+  using ObjectList = std::vector<std::unique_ptr<CRhinoObject>>;
+
+  using IdMap = std::unordered_map<ON_UUID, ON_UUID>;
+
+  // Appends the objects. The result has the new id of each object whose stored one was taken.
+  IdMap AddObjects(std::vector<ONX_ModelObject> objects, std::vector<ONX_ModelLight> lights);
+  const ON_UUID& AddObject(ObjectList& list, ONX_ModelObject object);
+  void MarkDefinitionMembers();
   void MakeViews(const ON_3dmSettings& settings);
+  // Lets the views see as deep as the objects from `first_object` on reach.
+  void ShowInDepth(std::size_t first_object);
+  CRhinoView* ChooseActiveView(const ON_UUID& named_id) const;
 
   std::string path_;
   int file_version_ = 0;
   ON_3dmProperties file_properties_;
   CRhinoDocProperties properties_;
-  std::vector<std::unique_ptr<CRhinoObject>> objects_;
-  std::vector<std::unique_ptr<CRhinoObject>> lights_;
+  ObjectList objects_;
+  ObjectList lights_;
+  unsigned content_number_ = 0;
+  std::unordered_map<ON_UUID, CRhinoObject*> by_id_;
+  std::unordered_map<unsigned, CRhinoObject*> by_serial_number_;
+  int selected_count_ = 0;
+  // Of the visible objects; empty until it is asked for and after a change.
+  mutable std::optional<ON_BoundingBox> visible_box_;
   std::vector<std::unique_ptr<CRhinoView>> views_;
   CRhinoView* active_view_ = nullptr;
   std::vector<ONX_PlugInData> plugin_data_;

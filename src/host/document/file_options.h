@@ -12,7 +12,8 @@ class CRhinoFileWriteOptions {
   std::bitset<8> modes_;
 };
 
-// Mode 0 of reading: the file is imported into the open document; mode 4: it is inserted as a block.
+// Mode 0 of reading: the file is imported into the open document; mode 4: it is inserted as a
+// block.
 class CRhinoFileReadOptions {
  public:
   bool Mode(int mode) const { return modes_.test(static_cast<std::size_t>(mode)); }

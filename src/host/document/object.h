@@ -19,28 +19,36 @@ class CRhinoObject {
 
   // A number that no other object has or had while the program runs. Starts at 1.
   unsigned RuntimeSerialNumber() const { return serial_number_; }
+  // Its id is never nil and no other object's of the document: one that the file doesn't give, or
+  // gives twice, is made when the document is opened.
   const ON_3dmObjectAttributes& Attributes() const { return attributes_; }
   // Null for an object whose class isn't read; such an object is kept and listed only.
   const ON_Geometry* Geometry() const { return geometry_.get(); }
   // By the geometry, or by what the document says where there is none.
   ON_ObjectType ObjectType() const;
-  // What the object is called in messages: "mesh", "point cloud", "brep", ...
+  // What the object is called in messages: "mesh", "point cloud", "NURBS curve", ...
   std::string ShortDescription() const;
+  // Where it stands in the file that the document was opened from; of length 0 when it doesn't.
+  const ON_FileSpan& FileSpan() const { return span_; }
 
   // False when it is hidden or its layer, or a layer above that, is off; false for a member of a
   // block definition.
   bool IsVisible() const;
+  // True when it or its layer is locked.
   bool IsLocked() const;
   bool IsHidden() const;
   // True for a member of a block definition, which isn't drawn on its own.
   bool IsInstanceDefinitionGeometry() const;
   bool IsSelected() const { return selected_; }
-  // A hidden or locked object can't be selected. True when the selection changed.
+  // An object that isn't visible, or is locked, can't be selected. True when the selection changed.
   bool Select(bool select = true);
-  // Sets the object's own hidden mode; hiding deselects. True when something changed.
+  // Sets the object's own hidden mode; hiding deselects. A locked object and a member of a block
+  // definition stay as they are. True when something changed.
   bool Hide(bool hide = true);
 
  private:
+  friend class CRhinoDoc;
+
   CRhinoDoc& doc_;
   unsigned serial_number_;
   ON_3dmObjectAttributes attributes_;
@@ -48,5 +56,7 @@ class CRhinoObject {
   ON_UUID class_id_;
   ON_ObjectType stored_type_;
   ON_FileSpan span_;
+  // Set by the document for the objects that its block definitions list.
+  bool listed_in_definition_ = false;
   bool selected_ = false;
 };

@@ -1,16 +1,16 @@
 #pragma once
 
 #include <cstddef>
-#include <vector>
 
 class CRhinoDoc;
 class CRhinoObject;
 
-// Walks a document's objects in the order of the document, lights last. Changing the document in
-// between makes it start over.
+// Walks a document's objects in the order of the document, lights last. Objects that come or go in
+// between make it start over; selecting, hiding and showing don't.
 class CRhinoObjectIterator {
  public:
-  // Bits of the object state mask.
+  // Bits of the object state mask. An object counts as one of them: as a member of a block
+  // definition, else as hidden (by itself or by its layer), else as locked, else as normal.
   enum : unsigned { normal_objects = 1, locked_objects = 2, hidden_objects = 4, idef_objects = 8 };
   // Bits of the category.
   enum : unsigned { active_objects = 1 };
@@ -32,4 +32,6 @@ class CRhinoObjectIterator {
   unsigned category_;
   bool include_lights_ = false;
   std::size_t next_ = 0;
+  // Of the document, when the walk began.
+  unsigned content_number_ = 0;
 };

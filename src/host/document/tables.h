@@ -1,7 +1,9 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -19,6 +21,7 @@ class CRhinoTable {
   const Record* At(int index) const {
     return index >= 0 && index < Count() ? &records_[static_cast<std::size_t>(index)] : nullptr;
   }
+  const std::vector<Record>& Records() const { return records_; }
   auto begin() const { return records_.begin(); }
   auto end() const { return records_.end(); }
 
@@ -28,24 +31,49 @@ class CRhinoTable {
 
 class CRhinoLayerTable : public CRhinoTable<ON_Layer> {
  public:
-  using CRhinoTable::CRhinoTable;
-  // The position of a layer by its id, by its name or by its full path "Parent::Child", without
-  // regard to case; -1 when there is none.
+  CRhinoLayerTable() = default;
+  explicit CRhinoLayerTable(std::vector<ON_Layer> layers);
+
+  // The position of a layer by its id; -1 when there is none.
   int FindLayer(const ON_UUID& id) const;
+  // The position of a layer by its full path "Parent::Child", else of the first one with the name;
+  // without regard to case. -1 when there is none.
   int FindLayer(std::string_view name) const;
+  // The position of the layer above; -1 when there is none. Layers that name each other as the one
+  // above have one among them that counts as the top.
+  int ParentOf(int index) const;
   // True when the layer and all above it are on. An index outside the table counts as on.
   bool IsLayerVisible(int index) const;
   // True when the layer or one above it is locked.
   bool IsLayerLocked(int index) const;
-  // "Parent::Child".
+  // "Parent::Child"; empty for an index outside the table.
   std::string FullPath(int index) const;
+
+ private:
+  // What follows from a layer and all above it.
+  struct Place {
+    int parent = -1;
+    bool visible = true;
+    bool locked = false;
+  };
+  void FindPlaces();
+  const Place* PlaceAt(int index) const;
+  bool HasFullPath(int index, std::string_view path) const;
+
+  std::vector<Place> places_;
+  std::unordered_map<ON_UUID, int> by_id_;
 };
 
 class CRhinoGroupTable : public CRhinoTable<ON_Group> {
  public:
-  using CRhinoTable::CRhinoTable;
+  CRhinoGroupTable() = default;
+  explicit CRhinoGroupTable(std::vector<ON_Group> groups);
+
   // The group that objects name by `stored_index`, or null.
   const ON_Group* FindGroup(int stored_index) const;
+
+ private:
+  std::unordered_map<int, std::size_t> by_stored_index_;
 };
 
 using CRhinoMaterialTable = CRhinoTable<ON_Material>;

@@ -10,12 +10,20 @@ class CRhinoViewport {
   explicit CRhinoViewport(ON_3dmView view) : view_(std::move(view)) {}
 
   const std::string& Name() const { return view_.m_name; }
+  // Never nil, and no other view's of the document.
   const ON_UUID& ViewportId() const { return view_.m_vp.m_id; }
+  // Its port is at least one pixel wide and high, with its bottom below its top as in window
+  // coordinates; its camera frame and frustum are valid.
   const ON_Viewport& VP() const { return view_.m_vp; }
-  ON_3dPoint Target() const { return view_.m_target; }
+  // The viewport's own target, or else the view's.
+  ON_3dPoint Target() const { return view_.m_vp.m_target.value_or(view_.m_target); }
   const ON_3dmView& View() const { return view_; }
-  // Takes the camera, target and projection of a named view; name, id and size stay.
+  // Takes the camera, target and projection of a named view; name, id and size stay. What the named
+  // view shows is seen whole, whatever the shape of this one.
   void SetFromNamedView(const ON_3dmView& named_view);
+  // Moves the near and far planes of a perspective view apart so that `box` lies between them, as
+  // far as it stands before the camera. What the view shows stays in its place.
+  void IncludeInDepth(const ON_BoundingBox& box);
 
  private:
   ON_3dmView view_;

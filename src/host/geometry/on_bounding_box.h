@@ -14,7 +14,8 @@ struct ON_BoundingBox {
   bool IsValid() const;
   // The eight corners, x fastest, then y, then z. The box must be valid.
   std::array<ON_3dPoint, 8> GetCorners() const;
-  // Grows the box so that it holds `p`, or all of a valid `box`. An invalid box changes nothing.
+  // Grows the box so that it holds `p`, or all of a valid `box`. A point that isn't finite and an
+  // invalid box change nothing.
   void Include(ON_3dPoint p);
   void Include(const ON_BoundingBox& box);
   // The box of the eight corners after `xform`; an invalid box stays invalid.

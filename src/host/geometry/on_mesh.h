@@ -49,8 +49,8 @@ class ON_Mesh : public ON_Geometry {
   bool HasVertexNormals() const { return !m_V.empty() && m_N.size() == m_V.size(); }
   bool HasTextureCoordinates() const { return !m_V.empty() && m_T.size() == m_V.size(); }
   bool HasVertexColors() const { return !m_V.empty() && m_C.size() == m_V.size(); }
-  // True when the texture coordinates fill only a part of the unit square that is set and not the
-  // whole.
+  // True when the surface's scale is known (both numbers positive) and the packed texture domain is
+  // a part of the unit square, and not the whole of it.
   bool HasPackedTextureRegion() const;
   // True when every index of every face names a vertex.
   bool HasValidFaceIndices() const;

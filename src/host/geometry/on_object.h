@@ -52,7 +52,16 @@ enum class ON_ObjectType : unsigned {
 
 class ON_Geometry : public ON_Object {
  public:
+  ~ON_Geometry() override;
+
   virtual ON_ObjectType ObjectType() const = 0;
   // Empty (not valid) when there is nothing to bound.
   virtual ON_BoundingBox BoundingBox() const = 0;
+
+ protected:
+  ON_Geometry() = default;
+  ON_Geometry(const ON_Geometry&) = default;
+  ON_Geometry(ON_Geometry&&) = default;
+  ON_Geometry& operator=(const ON_Geometry&) = default;
+  ON_Geometry& operator=(ON_Geometry&&) = default;
 };

@@ -33,7 +33,8 @@ class ON_Viewport {
   Frustum GetFrustum() const { return m_frustum; }
   ScreenPort GetScreenPort() const { return m_port; }
   // Half of the smaller of the view's two angles, in radians: the arc tangent of the smaller half
-  // extent of the frustum (the larger one of each pair of sides counts) over the near distance.
+  // extent of the frustum (the larger one of each pair of sides counts) over the near distance. 0
+  // when the near distance is not positive.
   double GetCameraAngle() const;
   // Half angles in radians: of the diagonal, vertical and horizontal extent.
   struct Angles {

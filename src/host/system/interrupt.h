@@ -11,7 +11,7 @@ void CatchInterrupts();
 
 // Sets the mark, as Ctrl-C does.
 void RequestInterrupt();
-// Clears the mark; done before each command.
+// Clears the mark; done by whoever has ended what was to be ended.
 void ClearInterrupt();
 
 }  // namespace host

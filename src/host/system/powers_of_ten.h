@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -37,16 +38,9 @@ class PowersOfTen {
   static constexpr std::uint64_t LeadingBits(const Number& number) {
     std::size_t top = number.size() - 1;
     while (number[top] == 0) --top;
-    std::uint64_t bits = 0;
-    for (std::size_t i = 0; i < 3; ++i) {
-      const std::uint32_t word = i <= top ? number[top - i] : 0;
-      for (std::uint32_t bit = 1u << 31; bit != 0; bit >>= 1) {
-        const bool isSet = (word & bit) != 0;
-        if (bits >> 63 != 0) return bits;
-        if (bits != 0 || isSet) bits = bits << 1 | (isSet ? 1 : 0);
-      }
-    }
-    return bits;
+    const auto word = [&](std::size_t i) { return std::uint64_t{i <= top ? number[top - i] : 0}; };
+    const int unset = std::countl_zero(number[top]);
+    return (word(0) << 32 | word(1)) << unset | word(2) >> (32 - unset);
   }
 
   // 10^p and 5^p have the same leading bits.

@@ -59,6 +59,10 @@ char32_t Folded(char32_t codePoint) {
   return static_cast<char32_t>(count == 1 ? folded[0] : utf8proc_tolower(character));
 }
 
+bool IsAscii(char c) {
+  return static_cast<unsigned char>(c) < 0x80;
+}
+
 // What is compared: a malformed byte equals only itself.
 char32_t FoldedAt(std::string_view text, std::size_t offset, std::size_t& length) {
   constexpr char32_t kBeyondUnicode = 0x110000;
@@ -68,11 +72,16 @@ char32_t FoldedAt(std::string_view text, std::size_t offset, std::size_t& length
   return Folded(decoded.codePoint);
 }
 
-// The length of the start of `text` that equals `prefix`; nothing when there is none.
+// True when `text` starts with `prefix`; `matched` is then the length of that start.
 bool MatchesStart(std::string_view text, std::string_view prefix, std::size_t& matched) {
   matched = 0;
   for (std::size_t offset = 0; offset < prefix.size();) {
     if (matched == text.size()) return false;
+    if (text[matched] == prefix[offset] && IsAscii(text[matched])) {
+      ++matched;
+      ++offset;
+      continue;
+    }
     std::size_t textLength = 0;
     std::size_t prefixLength = 0;
     if (FoldedAt(text, matched, textLength) != FoldedAt(prefix, offset, prefixLength)) return false;
@@ -161,6 +170,21 @@ bool EqualNoCase(std::string_view a, std::string_view b) {
 bool StartsWithNoCase(std::string_view text, std::string_view prefix) {
   std::size_t matched = 0;
   return MatchesStart(text, prefix, matched);
+}
+
+std::string FoldedCase(std::string_view text) {
+  std::string folded;
+  folded.reserve(text.size());
+  for (std::size_t offset = 0; offset < text.size();) {
+    const Decoded decoded = DecodeAt(text, offset);
+    if (decoded.valid) {
+      AppendUtf8(folded, Folded(decoded.codePoint));
+    } else {
+      folded += text.substr(offset, decoded.length);
+    }
+    offset += decoded.length;
+  }
+  return folded;
 }
 
 std::string_view Trimmed(std::string_view text) {

@@ -24,6 +24,9 @@ std::string_view FirstBytes(std::string_view text, std::size_t count);
 // Compare and search without regard to case, by Unicode's simple case folding.
 bool EqualNoCase(std::string_view a, std::string_view b);
 bool StartsWithNoCase(std::string_view text, std::string_view prefix);
+// What EqualNoCase compares: the folded forms of two texts are equal when the texts are. Malformed
+// bytes stay as they are.
+std::string FoldedCase(std::string_view text);
 
 // `text` without blanks, tabs and line ends at both ends.
 std::string_view Trimmed(std::string_view text);

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <vector>
+
+#include "host/document/doc.h"
+#include "settings/render_settings.h"
+
+namespace orv {
+
+// The objects of the document that an export works on, in the document's order: every light, hidden
+// ones too, and every visible object. With `selectedOnly` other objects than lights count only when
+// they are selected; a bake pass takes the unselected ones all the same, because they shade and
+// shadow the others.
+using ObjectList = std::vector<CRhinoObject*>;
+ObjectList GatherObjects(CRhinoDoc& doc, bool selectedOnly, const RenderSettings& settings);
+
+}  // namespace orv

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <vector>
+
+#include "export/object_list.h"
+#include "export/rib_writer.h"
+#include "host/geometry/on_xform.h"
+
+namespace orv {
+
+// One object of an export, or one piece of a block placement.
+struct RIBRhinoObject {
+  // What is written; for a piece, the object inside the block's definition.
+  const CRhinoObject* Object = nullptr;
+  // The block placement of a piece; null for a plain object.
+  const CRhinoObject* Parent = nullptr;
+  // Where a piece stands.
+  ON_Xform Xform;
+  bool IsPiece = false;
+};
+
+// The list of what is to be written, in the order of `objects`.
+std::vector<RIBRhinoObject> FlattenObjects(const ObjectList& objects);
+
+// Writes each visible object, each with a blank line before it. False when a writer has failed or
+// the user has cancelled; an error of the stream ends the walk and is left to the closing.
+[[nodiscard]] bool WriteObjects(RibWriter& writer, const std::vector<RIBRhinoObject>& objects);
+
+}  // namespace orv

@@ -1,0 +1,123 @@
+#pragma once
+
+#include <array>
+#include <cstdarg>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "host/system/file.h"
+#include "host/system/number_text.h"
+
+namespace orv {
+
+// One RIB stream: an open file and the line that is being put together. RibPrintf, RibNumbers and
+// RibIntegers are its only ways of writing.
+//
+// A statement may be built by several calls; a line ends with the call whose text ends in a line
+// feed. A line that would reach kLineLimit bytes is broken before the text that doesn't fit, and
+// goes on two blanks deeper.
+//
+// When a line is written, each "%%" in it becomes "%", and a lone percent sign stays. Two texts are
+// written as they stand: a line feed alone on a new line, and a text too long for any line.
+class RibWriter {
+ public:
+  // The length that no written line reaches; the most bytes of one call's text.
+  static constexpr int kLineLimit = 4094;
+  // The most blanks in front of a line.
+  static constexpr int kDeepestIndent = 40;
+
+  // Opens `path` for writing, empty at first; it is also the FileName. Check IsOpen.
+  explicit RibWriter(std::string_view path);
+
+  [[nodiscard]] bool IsOpen() const { return file_.IsOpen(); }
+  // True when anything written to the file so far has failed. Writing goes on without effect.
+  [[nodiscard]] bool HasError() const { return file_.HasError(); }
+  // Writes what is still held back and closes the file; false when that or any earlier writing has
+  // failed. A line that was never ended is not written.
+  [[nodiscard]] bool Close();
+
+  // The bytes now in the line; 0 means that the next text begins a new one.
+  int LineLength() const { return static_cast<int>(end_ - line_); }
+
+  std::string FileName;
+  // Blanks in front of each new line, kDeepestIndent at most. Goes up by 2 after a statement that
+  // opens a block and down by 2 before the one that closes it.
+  int Indent = 0;
+  // What the export was called with, for the NURBS writer.
+  int Reparameterize = 0;
+  // The number of the next point set.
+  int PointSetCount = 0;
+  // The gamma of colours.
+  double Gamma = 0;
+
+ private:
+  friend void RibPrintf(RibWriter& writer, const char* format, ...);
+  template <class... Numbers>
+  friend void RibNumbers(RibWriter& writer, Numbers... numbers);
+  template <class... Numbers>
+  friend void RibIntegers(RibWriter& writer, Numbers... numbers);
+
+  // Writing is in place: BeginText gives where the next text of the line goes, with room for
+  // kTextRoom bytes, and the text is then made part of the line by EndNumbers or EndText.
+  static constexpr std::size_t kTextRoom = kLineLimit + 64;
+
+  char* BeginText() {
+    if (end_ == line_) StartLine(Indent);
+    return end_;
+  }
+  // For a short text without percent sign and line feed.
+  void EndNumbers(char* textEnd) {
+    if (textEnd - line_ < kLineLimit) [[likely]] {
+      end_ = textEnd;
+    } else {
+      BreakLine(textEnd);
+    }
+  }
+  void EndText(std::string_view text, bool onNewLine);
+
+  void StartLine(int indent);
+  void BreakLine(const char* textEnd);
+  void FinishLine();
+  void WriteOut();
+
+  // Complete lines, then the line from line_ to end_. There is always room in it for a whole line
+  // with one more text and for what a break adds.
+  static constexpr std::size_t kBlockSize = std::size_t{1} << 17;
+  static constexpr std::size_t kLineRoom = 2 * kTextRoom + 2 * kDeepestIndent;
+
+  host::FileWriter file_;
+  std::unique_ptr<std::array<char, kBlockSize>> block_;
+  char* line_ = block_->data();
+  char* end_ = line_;
+  bool hasPercent_ = false;  // the line holds a percent sign
+};
+
+// Adds formatted text to the line. The format may hold %d, %g, %s and %% without flags; any other
+// placeholder ends the formatting and is written as it stands. Text beyond kLineLimit bytes is cut
+// off, at a whole character. A null or empty format does nothing.
+[[gnu::format(printf, 2, 3)]] void RibPrintf(RibWriter& writer, const char* format, ...);
+
+// The same as RibPrintf with one "%g " for each number, at many times the speed.
+template <class... Numbers>
+void RibNumbers(RibWriter& writer, Numbers... numbers) {
+  static_assert(sizeof...(numbers) <= 16);
+  char* text = writer.BeginText();
+  ((text = host::FormatG(numbers, text), *text++ = ' '), ...);
+  writer.EndNumbers(text);
+}
+
+// The same as RibPrintf with one "%d " for each number.
+template <class... Numbers>
+void RibIntegers(RibWriter& writer, Numbers... numbers) {
+  static_assert(sizeof...(numbers) <= 16);
+  char* text = writer.BeginText();
+  ((text = host::FormatInt(numbers, text), *text++ = ' '), ...);
+  writer.EndNumbers(text);
+}
+
+// Replaces each backslash by a slash. For every file name that goes into a statement.
+void ToRibPath(std::string& text);
+
+}  // namespace orv

@@ -1,0 +1,146 @@
+#include "export/scene_export.h"
+
+#include <utility>
+
+#include "export/camera.h"
+#include "export/frame.h"
+#include "export/image_output.h"
+#include "export/object_list.h"
+#include "export/object_walk.h"
+#include "export/output_file.h"
+#include "export/rib_writer.h"
+#include "export/sampling.h"
+#include "export/view_choice.h"
+#include "host/document/app.h"
+#include "host/geometry/on_light.h"
+#include "host/system/file.h"
+#include "host/system/interrupt.h"
+#include "host/system/text.h"
+
+namespace orv {
+namespace {
+
+// What one export works on.
+struct Scene {
+  CRhinoDoc& doc;
+  const CRhinoView& view;
+  ObjectList objects;
+  RenderSettings& settings;
+  const IprSettings* iprSettings;
+};
+
+void WriteOutput(RibWriter& writer, const RenderSettings& settings) {
+  // Bake map pass.
+  if (settings.BakeEnable && !settings.BakeMesh) return;
+  if (settings.BakeMesh) {
+    RibPrintf(writer, "Display \"bakemesh.tif\" \"framebuffer\" \"rgba\"\n");
+  } else if (settings.WriteDisplay) {
+    // Light channel counts.
+    WriteImageOutput(writer, settings, LightChannelCounts{});
+  }
+}
+
+// False when the stream has an error before one of the document's lights.
+bool WriteLights(RibWriter& writer, const Scene& scene) {
+  if (!scene.settings.UseLights) return true;
+  for (const CRhinoObject* object : scene.objects) {
+    const ON_Light* light = ON_Light::Cast(object->Geometry());
+    if (light == nullptr || !object->IsVisible()) continue;
+    if (!light->m_bOn && scene.iprSettings == nullptr) continue;
+    if (writer.HasError()) return false;
+    // Statements of one light.
+  }
+  return true;
+}
+
+// The order of the file. False when the export has failed or was cancelled.
+bool WriteScene(RibWriter& writer, const Scene& scene) {
+  RenderSettings& settings = scene.settings;
+  if (!settings.ArchiveOnly) {
+    WriteHeaderComments(writer);
+    BeginFrame(writer, settings);
+    WriteSampling(writer, settings);
+    // Mesh of a bake pass.
+    WriteExposure(writer, settings);
+    WriteOutput(writer, settings);
+    WriteTiles(writer, settings);
+    WriteCamera(writer, scene.view, scene.doc, settings);
+    // Scene-wide options.
+    BeginWorld(writer);
+    // Global illumination light.
+    if (!WriteLights(writer, scene)) return false;
+    // Shadow attributes and default light.
+  }
+  // Render meshes of all surfaces.
+  if (!WriteObjects(writer, FlattenObjects(scene.objects))) return false;
+  if (!settings.ArchiveOnly) {
+    // Freed block archives.
+    EndWorld(writer);
+    EndFrame(writer, settings);
+  }
+  return true;
+}
+
+// Writes the file at `path`. False, with a message, when that fails.
+bool WriteFile(const std::string& path, const Scene& scene, int reparameterize) {
+  RibWriter writer(path);
+  if (!writer.IsOpen()) {
+    RhinoApp().Print(host::Format("Unable to save %s.\n", path.c_str()));
+    return false;
+  }
+  writer.Reparameterize = reparameterize;
+  writer.Gamma = scene.settings.RhinoGamma;
+  RhinoApp().Print(host::Format("Writing %s\n", path.c_str()));
+  if (!WriteScene(writer, scene)) {
+    if (host::InterruptRequested()) RhinoApp().Print("Export cancelled.\n");
+    return false;
+  }
+  if (!writer.Close()) {
+    const std::string cause = host::LastSystemError();
+    RhinoApp().Print(host::Format("Unable to write %s: %s.\n", path.c_str(), cause.c_str()));
+    return false;
+  }
+  return true;
+}
+
+// Writes the file at `path` in the place of an older one, which stays when that fails.
+bool ReplaceOlderFile(const std::string& path, const Scene& scene, int reparameterize) {
+  OlderFile olderFile(path);
+  if (!olderFile.IsOutOfTheWay()) {
+    RhinoApp().Print(host::Format("Unable to save %s.\n", path.c_str()));
+    return false;
+  }
+  if (WriteFile(path, scene, reparameterize)) {
+    olderFile.Discard();
+    return true;
+  }
+  if (!olderFile.Restore()) {
+    RhinoApp().Print(
+        host::Format("The older file is kept as %s.\n", olderFile.BackupPath().c_str()));
+  }
+  return false;
+}
+
+}  // namespace
+
+int ExportSceneRib(std::string_view fileName, CRhinoDoc& doc,
+                   const CRhinoFileWriteOptions& writeOptions, int reparameterize,
+                   std::string /*ignoredText*/, RenderSettings& settings,
+                   const IprSettings* iprSettings) {
+  ObjectList objects = GatherObjects(doc, writeOptions.Mode(0), settings);
+  const CRhinoView* view = ChooseView(doc, settings.ViewName);
+  if (view == nullptr) {
+    RhinoApp().Print("There is no view to export.\n");
+    return 0;
+  }
+  settings.ViewportId = view->Viewport().ViewportId();
+  const std::string path = OutputFileName(fileName, settings.FrameNumber);
+  if (path.empty()) {
+    RhinoApp().Print("Missing rib file name");
+    return 0;
+  }
+  const Scene scene{doc, *view, std::move(objects), settings, iprSettings};
+  return ReplaceOlderFile(path, scene, reparameterize) ? 1 : 0;
+}
+
+}  // namespace orv

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "host/document/doc.h"
+#include "host/document/file_options.h"
+#include "settings/ipr_settings.h"
+#include "settings/render_settings.h"
+
+namespace orv {
+
+// Writes the document as one RIB file and returns 1, or returns 0.
+//
+// An older file is moved aside first and put back when the export fails; the cause is told in the
+// command window. `fileName` counts to its first 999 characters, and the settings' frame number is
+// added to its name. Mode 0 of `writeOptions` asks for the selected objects only, with all lights.
+// `reparameterize` is for NURBS surfaces; `ignoredText` is not read. `iprSettings` is null unless
+// an interactive session asks. The settings' result fields (FormatWidth, FormatHeight, ViewportId,
+// CameraMatrix, CameraFov) become what was written.
+int ExportSceneRib(std::string_view fileName, CRhinoDoc& doc,
+                   const CRhinoFileWriteOptions& writeOptions, int reparameterize,
+                   std::string ignoredText, RenderSettings& settings,
+                   const IprSettings* iprSettings);
+
+}  // namespace orv

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "host/archive/binary_archive.h"
+
+namespace host {
+
+// Ends the chunks that were opened since it was made, however its block is left.
+class ChunkScope {
+ public:
+  explicit ChunkScope(ON_BinaryArchive& archive)
+      : archive_(archive), depth_(archive.ChunkDepth()) {}
+  ~ChunkScope() { archive_.EndRead3dmChunksTo(depth_); }
+  ChunkScope(const ChunkScope&) = delete;
+  ChunkScope& operator=(const ChunkScope&) = delete;
+
+ private:
+  ON_BinaryArchive& archive_;
+  int depth_;
+};
+
+// Passes over the next chunk, whatever it is.
+[[nodiscard]] inline bool SkipChunk(ON_BinaryArchive& archive) {
+  std::uint32_t typecode = 0;
+  std::int64_t value = 0;
+  return archive.BeginRead3dmChunk(&typecode, &value) && archive.EndRead3dmChunk();
+}
+
+// An uncompressed array of plain values behind its count.
+template <class T>
+[[nodiscard]] bool ReadArray(ON_BinaryArchive& archive, ON_SimpleArray<T>& out) {
+  std::size_t count = 0;
+  if (!archive.ReadCount(sizeof(T), &count)) return false;
+  out.resize(count);
+  return archive.ReadByte(std::as_writable_bytes(std::span(out)));
+}
+
+}  // namespace host

@@ -1,0 +1,148 @@
+#include <libdeflate.h>
+#include <zlib.h>
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+
+#include "host/archive/binary_archive.h"
+
+namespace {
+
+// Stored bytes up to here are held and inflated in one go, which is about twice as fast as the
+// streaming library; more would take memory in proportion to the file.
+constexpr std::size_t kMaxHeld = std::size_t{32} << 20;
+// The tightest that the method can pack is 1032 to 1; the rest is for its frame.
+constexpr std::uint64_t kMaxPacking = 1100;
+// What the buffers of one file may unpack to: this much, and so many times the file's size. Packing
+// far beyond what real documents reach is an attack on memory.
+constexpr std::uint64_t kFreeInflated = std::uint64_t{64} << 20;
+constexpr std::uint64_t kMaxFilePacking = 100;
+// Writers leave short buffers as they are.
+constexpr std::size_t kMinDeflated = 128;
+
+constexpr std::uint8_t kStoredAsIs = 0;
+constexpr std::uint8_t kDeflated = 1;
+
+struct FreeDecompressor {
+  void operator()(libdeflate_decompressor* d) const { libdeflate_free_decompressor(d); }
+};
+struct FreeCompressor {
+  void operator()(libdeflate_compressor* c) const { libdeflate_free_compressor(c); }
+};
+
+}  // namespace
+
+bool ON_BinaryArchive::CheckPackedSize(const CompressedHead& head) {
+  if (head.method > kDeflated) return Fail("a compressed buffer has an unknown method");
+  if (head.method == kStoredAsIs) {
+    return head.size <= BytesLeft() || Fail("a buffer leads outside its chunk");
+  }
+  if (head.size / kMaxPacking > BytesLeft()) {
+    return Fail("a compressed buffer claims more bytes than its data can hold");
+  }
+  inflated_ += head.size;
+  if (inflated_ > kFreeInflated && inflated_ / kMaxFilePacking > source_->Size()) {
+    return Fail("the compressed buffers unpack to more than 100 times the size of the file");
+  }
+  return true;
+}
+
+bool ON_BinaryArchive::ReadCompressedBufferSize(std::size_t* size) {
+  *size = 0;
+  compressed_ = {};
+  std::uint32_t stored = 0;
+  if (!ReadInt(&stored)) return false;
+  if (stored == 0) return true;
+  CompressedHead head;
+  head.size = stored;
+  if (!ReadInt(&head.sum) || !ReadChar(&head.method) || !CheckPackedSize(head)) return false;
+  compressed_ = head;
+  *size = stored;
+  return true;
+}
+
+bool ON_BinaryArchive::InflateWhole(std::size_t stored, std::span<std::byte> out) {
+  if (stored_.size() < stored) stored_ = ON_SimpleArray<std::byte>(stored);
+  const auto in = std::span(stored_).first(stored);
+  if (!ReadByte(in)) return false;
+  const std::unique_ptr<libdeflate_decompressor, FreeDecompressor> inflater(
+      libdeflate_alloc_decompressor());
+  std::size_t given = 0;
+  const bool ok =
+      inflater && libdeflate_zlib_decompress(inflater.get(), in.data(), in.size(), out.data(),
+                                             out.size(), &given) == LIBDEFLATE_SUCCESS;
+  return (ok && given == out.size()) || Fail("a compressed buffer is damaged");
+}
+
+bool ON_BinaryArchive::InflateInPieces(std::size_t stored, std::span<std::byte> out) {
+  constexpr std::size_t kPiece = std::size_t{256} << 10;
+  if (stored_.size() < kPiece) stored_ = ON_SimpleArray<std::byte>(kPiece);
+  z_stream stream{};
+  if (inflateInit(&stream) != Z_OK) return Fail("a compressed buffer can't be unpacked");
+  const std::unique_ptr<z_stream, decltype(&inflateEnd)> owner(&stream, inflateEnd);
+  std::size_t given = 0;
+  int state = Z_OK;
+  while (stored > 0 && state == Z_OK) {
+    const auto piece = std::span(stored_).first(std::min(stored, kPiece));
+    if (!ReadByte(piece)) return false;
+    stored -= piece.size();
+    stream.next_in = reinterpret_cast<Bytef*>(piece.data());
+    stream.avail_in = static_cast<uInt>(piece.size());
+    // A buffer's size has 32 bits, and so it fits what is left to fill.
+    stream.next_out = reinterpret_cast<Bytef*>(out.data() + given);
+    stream.avail_out = static_cast<uInt>(out.size() - given);
+    state = inflate(&stream, Z_NO_FLUSH);
+    given = out.size() - stream.avail_out;
+  }
+  const bool ok = state == Z_STREAM_END && given == out.size();
+  return ok || Fail("a compressed buffer is damaged");
+}
+
+bool ON_BinaryArchive::ReadCompressedBuffer(std::span<std::byte> out) {
+  const CompressedHead head = std::exchange(compressed_, {});
+  if (out.size() != head.size) return Fail("a compressed buffer has the wrong size");
+  if (out.empty()) return true;
+  if (head.method == kStoredAsIs) {
+    if (!ReadByte(out)) return false;
+  } else {
+    std::uint32_t typecode = 0;
+    std::int64_t length = 0;
+    if (!BeginRead3dmChunk(&typecode, &length)) return false;
+    const auto stored = static_cast<std::size_t>(BytesLeft());
+    const bool inflated = typecode != TCODE_ANONYMOUS_CHUNK
+                              ? Fail("a compressed buffer has no data")
+                          : stored <= kMaxHeld ? InflateWhole(stored, out)
+                                               : InflateInPieces(stored, out);
+    if (!EndRead3dmChunk() || !inflated) return Fail("a compressed buffer is damaged");
+  }
+  if (libdeflate_crc32(0, out.data(), out.size()) != head.sum) {
+    return Fail("the check sum of a compressed buffer's content is wrong");
+  }
+  return true;
+}
+
+void ON_BinaryArchive::WriteCompressedBuffer(std::span<const std::byte> bytes) {
+  if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) {
+    write_failed_ = true;
+    return;
+  }
+  WriteInt(static_cast<std::int32_t>(bytes.size()));
+  if (bytes.empty()) return;
+  WriteInt(static_cast<std::int32_t>(libdeflate_crc32(0, bytes.data(), bytes.size())));
+  const bool deflated = bytes.size() > kMinDeflated;
+  WriteChar(deflated ? kDeflated : kStoredAsIs);
+  if (!deflated) {
+    WriteByte(bytes);
+    return;
+  }
+  constexpr int kLevel = 6;
+  const std::unique_ptr<libdeflate_compressor, FreeCompressor> packer(
+      libdeflate_alloc_compressor(kLevel));
+  std::string packed(libdeflate_zlib_compress_bound(packer.get(), bytes.size()), '\0');
+  packed.resize(libdeflate_zlib_compress(packer.get(), bytes.data(), bytes.size(), packed.data(),
+                                         packed.size()));
+  BeginWriteChunk(TCODE_ANONYMOUS_CHUNK);
+  WriteByte(std::as_bytes(std::span(packed)));
+  if (!EndWrite3dmChunk()) write_failed_ = true;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "host/archive/binary_archive.h"
+#include "host/geometry/on_mesh.h"
+#include "host/geometry/on_point_cloud.h"
+
+// The data of the classes of geometry that are read, each called with the class's data chunk open.
+
+namespace host {
+
+// A mesh with all its channels. Fails when a face names a vertex that isn't there, so that what was
+// read can be used without further checks.
+[[nodiscard]] bool ReadMesh(ON_BinaryArchive& archive, ON_Mesh& mesh);
+// What older meshes carry as user data of class `class_id`: vertices in double precision, polygons.
+// Called with the payload's chunk open; other classes are left alone.
+void ReadMeshUserData(ON_BinaryArchive& archive, const ON_UUID& class_id, ON_Mesh& mesh);
+[[nodiscard]] bool ReadPoint(ON_BinaryArchive& archive, ON_Point& point);
+[[nodiscard]] bool ReadPointCloud(ON_BinaryArchive& archive, ON_PointCloud& cloud);
+
+}  // namespace host

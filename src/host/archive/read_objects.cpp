@@ -1,0 +1,99 @@
+#include <algorithm>
+
+#include "host/archive/class_names.h"
+#include "host/archive/class_wrapper.h"
+#include "host/archive/read_attributes.h"
+#include "host/archive/read_geometry.h"
+#include "host/archive/record_readers.h"
+
+namespace host {
+namespace {
+
+constexpr ON_UUID kMeshClass = "4ed7d4e4-e947-11d3-bfe5-0010830122f0"_uuid;
+constexpr ON_UUID kPointClass = "c3101a1d-f157-11d3-bfe7-0010830122f0"_uuid;
+constexpr ON_UUID kPointCloudClass = "2488f347-f8fa-11d3-bfec-0010830122f0"_uuid;
+
+// Reads the data and the user data of the class wrapper that is the open chunk, behind its id.
+template <class T>
+bool ReadGeometryOf(ON_BinaryArchive& archive, bool (*read_data)(ON_BinaryArchive&, T&),
+                    std::shared_ptr<ON_Geometry>& geometry,
+                    void (*read_user_data)(ON_BinaryArchive&, const ON_UUID&, T&) = nullptr) {
+  const auto read = std::make_shared<T>();
+  if (!BeginReadClassData(archive)) return false;
+  const bool has_data = read_data(archive, *read);
+  if (!archive.EndRead3dmChunk() || !has_data) return false;
+  UserDataReader reader;
+  if (read_user_data) {
+    reader = [&](ON_BinaryArchive& payload, const ON_UUID& class_id) {
+      read_user_data(payload, class_id, *read);
+    };
+  }
+  if (!ReadUserData(archive, &read->m_user_strings, reader)) return false;
+  geometry = read;
+  return true;
+}
+
+// Reads the class wrapper that is the open chunk.
+bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCounter& unread) {
+  if (!ReadClassId(archive, &object.m_class_id)) return false;
+  const ON_UUID& id = object.m_class_id;
+  if (id == kMeshClass) {
+    return ReadGeometryOf<ON_Mesh>(archive, ReadMesh, object.m_geometry, ReadMeshUserData);
+  }
+  if (id == kPointClass) return ReadGeometryOf<ON_Point>(archive, ReadPoint, object.m_geometry);
+  if (id == kPointCloudClass) {
+    return ReadGeometryOf<ON_PointCloud>(archive, ReadPointCloud, object.m_geometry);
+  }
+  unread.Add(ClassName(id));
+  return true;
+}
+
+// A chunk of the record that is open, of the kind `typecode`.
+bool ReadObjectPart(ON_BinaryArchive& archive, std::uint32_t typecode, std::int64_t value,
+                    ONX_ModelObject& object, UnreadCounter& unread) {
+  switch (typecode) {
+    case TCODE_OBJECT_RECORD_TYPE:
+      object.m_object_type = static_cast<unsigned>(value);
+      return true;
+    case TCODE_OPENNURBS_CLASS:
+      return ReadGeometry(archive, object, unread);
+    case TCODE_OBJECT_RECORD_ATTRIBUTES:
+      return ReadAttributes(archive, object.m_attributes);
+    case TCODE_OBJECT_RECORD_ATTRIBUTES_USERDATA:
+      return ReadUserData(archive, &object.m_attributes.m_user_strings);
+    default:
+      return true;
+  }
+}
+
+}  // namespace
+
+void UnreadCounter::Add(std::string_view kind) {
+  auto found = std::find_if(kinds_.begin(), kinds_.end(),
+                            [kind](const ONX_UnreadKind& k) { return k.m_name == kind; });
+  if (found == kinds_.end()) found = kinds_.insert(found, {std::string(kind), 0});
+  ++found->m_count;
+}
+
+bool ReadObjectRecord(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCounter& unread) {
+  bool has_class = false;
+  while (archive.BytesLeft() > 0) {
+    std::uint32_t typecode = 0;
+    std::int64_t value = 0;
+    if (!archive.BeginRead3dmChunk(&typecode, &value)) return false;
+    const bool read = ReadObjectPart(archive, typecode, value, object, unread);
+    if (!archive.EndRead3dmChunk() || !read) return false;
+    has_class = has_class || typecode == TCODE_OPENNURBS_CLASS;
+    if (typecode == TCODE_OBJECT_RECORD_END) break;
+  }
+  return has_class || archive.Fail("an object record without an object");
+}
+
+bool ReadDocumentUserStrings(const ONX_PlugInData& table, ON_UserStringList& strings) {
+  ByteSource source(std::as_bytes(std::span(table.m_bytes)));
+  ON_BinaryArchive archive(source, table.m_archive_version, table.m_library_version);
+  return ReadWrappedClass(archive, &strings,
+                          [](ON_BinaryArchive&, const ON_UUID&) { return true; });
+}
+
+}  // namespace host

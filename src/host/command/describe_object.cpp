@@ -1,0 +1,91 @@
+#include "host/command/describe.h"
+#include "host/document/doc.h"
+#include "host/geometry/on_mesh.h"
+#include "host/geometry/on_point_cloud.h"
+#include "host/system/number_text.h"
+#include "host/system/text.h"
+
+namespace {
+
+std::string PointText(ON_3dPoint point) {
+  return host::FormatG(point.x) + "," + host::FormatG(point.y) + "," + host::FormatG(point.z);
+}
+
+std::string NameOr(const std::string& name, std::string_view otherwise) {
+  return name.empty() ? std::string(otherwise) : "\"" + name + "\"";
+}
+
+std::string MaterialText(const CRhinoDoc& doc, const ON_3dmObjectAttributes& attributes) {
+  int index = attributes.m_material_index;
+  std::string source = "of the object";
+  if (attributes.MaterialSource() == ON_AttributeSource::layer) {
+    const ON_Layer* layer = doc.m_layer_table.At(attributes.m_layer_index);
+    index = layer == nullptr ? -1 : layer->m_render_material_index;
+    source = "of the layer";
+  } else if (attributes.MaterialSource() == ON_AttributeSource::parent) {
+    source = "of the block reference";
+  }
+  const ON_Material* material = doc.m_material_table.At(index);
+  return (material == nullptr ? "default" : NameOr(material->m_name, "without a name")) + ", " +
+         source;
+}
+
+std::string GroupText(const CRhinoDoc& doc, const ON_3dmObjectAttributes& attributes) {
+  std::string text;
+  for (const int index : attributes.GroupList()) {
+    const ON_Group* group = doc.m_group_table.FindGroup(index);
+    if (!text.empty()) text += ", ";
+    text += group == nullptr ? std::to_string(index) : NameOr(group->m_name, std::to_string(index));
+  }
+  return text;
+}
+
+std::string StateText(const CRhinoObject& object) {
+  std::string text = object.IsVisible() ? "visible" : "not visible";
+  if (object.IsHidden()) text += ", hidden";
+  if (object.IsLocked()) text += ", locked";
+  return text;
+}
+
+std::string MeshText(const ON_Mesh& mesh) {
+  std::string text =
+      host::Format("%d vertices, %d faces (%d triangles, %d quads)", mesh.VertexCount(),
+                   mesh.FaceCount(), mesh.TriangleCount(), mesh.QuadCount());
+  if (mesh.HasVertexNormals()) text += ", normals";
+  if (mesh.HasTextureCoordinates()) text += ", texture coordinates";
+  if (mesh.HasVertexColors()) text += ", colors";
+  return text;
+}
+
+std::string GeometryText(const CRhinoObject& object) {
+  if (const ON_Mesh* mesh = ON_Mesh::Cast(object.Geometry())) return MeshText(*mesh);
+  if (const ON_PointCloud* cloud = ON_PointCloud::Cast(object.Geometry())) {
+    return host::Format("%d points", cloud->PointCount());
+  }
+  return object.Geometry() == nullptr ? "not read" : std::string();
+}
+
+void AddLine(std::string& text, std::string_view label, const std::string& value) {
+  if (!value.empty()) text += "  " + std::string(label) + ": " + value + "\n";
+}
+
+}  // namespace
+
+std::string DescribeObject(const CRhinoDoc& doc, const CRhinoObject& object) {
+  const ON_3dmObjectAttributes& attributes = object.Attributes();
+  std::string text = object.ShortDescription() + " " + NameOr(attributes.m_name, "without a name") +
+                     host::Format(", serial number %u\n", object.RuntimeSerialNumber());
+  AddLine(text, "id", attributes.m_uuid.ToString());
+  AddLine(text, "layer", doc.m_layer_table.FullPath(attributes.m_layer_index));
+  AddLine(text, "material", MaterialText(doc, attributes));
+  AddLine(text, "groups", GroupText(doc, attributes));
+  AddLine(text, "state", StateText(object));
+  AddLine(text, "geometry", GeometryText(object));
+  const ON_BoundingBox box =
+      object.Geometry() == nullptr ? ON_BoundingBox() : object.Geometry()->BoundingBox();
+  if (box.IsValid()) AddLine(text, "box", PointText(box.m_min) + " to " + PointText(box.m_max));
+  for (const ON_UserString& entry : attributes.m_user_strings.m_e) {
+    AddLine(text, "user string", entry.m_key + "=" + entry.m_string_value);
+  }
+  return text;
+}

@@ -1,0 +1,91 @@
+#include "host/document/app.h"
+
+#include <span>
+
+#include "host/archive/binary_archive.h"
+#include "host/archive/model_reader.h"
+#include "host/document/read_report.h"
+
+namespace {
+
+// What the document calls a plug-in; its id where the document has no name for it.
+std::string PlugInName(const CRhinoDoc& doc, const ON_UUID& id) {
+  for (const ON_3dmPlugInRef& plugIn : doc.Properties().Settings().m_plugin_list) {
+    if (plugIn.m_plugin_id == id && !plugIn.m_plugin_name.empty()) return plugIn.m_plugin_name;
+  }
+  return id.ToString();
+}
+
+bool ReadDocumentData(CRhinoPlugInDocumentData& plug_in, CRhinoDoc& doc, const ONX_PlugInData& data,
+                      const CRhinoFileReadOptions& options) {
+  ByteSource source(std::as_bytes(std::span(data.m_bytes)));
+  ON_BinaryArchive archive(source, data.m_archive_version, data.m_library_version);
+  return plug_in.ReadDocument(doc, archive, options);
+}
+
+}  // namespace
+
+CRhinoApp::CRhinoApp() : profile_(std::string()) {}
+
+CRhinoApp::~CRhinoApp() = default;
+
+bool CRhinoApp::ReadFile(std::string_view path, ONX_Model& model) {
+  const ON_ReadResult result = ON_ReadModel(path, model);
+  if (!result.ok) {
+    Print("Unable to open " + std::string(path) + ": " + result.error + "\n");
+    return false;
+  }
+  Print(ReadReport(model));
+  return true;
+}
+
+bool CRhinoApp::OpenDocument(std::string_view path) {
+  ONX_Model model;
+  if (!ReadFile(path, model)) return false;
+  doc_.SetModel(std::move(model), std::string(path));
+  ReadPlugInData(plugin_data_, doc_.PlugInData(), {});
+  return true;
+}
+
+bool CRhinoApp::ImportDocument(std::string_view path) {
+  ONX_Model model;
+  if (!ReadFile(path, model)) return false;
+  const double unit = model.m_settings.m_model_units.MetersPerUnit();
+  if (unit != doc_.Properties().ModelUnitsAndTolerances().MetersPerUnit()) {
+    Print("The imported document has other units; its objects were not scaled.\n");
+  }
+  const std::vector<ONX_PlugInData> data = std::move(model.m_userdata_table);
+  doc_.ImportModel(std::move(model));
+  CRhinoFileReadOptions options;
+  options.SetMode(0, true);
+  ReadPlugInData(plugin_data_, data, options);
+  return true;
+}
+
+void CRhinoApp::ReadPlugInData(std::span<CRhinoPlugInDocumentData* const> plug_ins,
+                               const std::vector<ONX_PlugInData>& data,
+                               const CRhinoFileReadOptions& options) {
+  for (const ONX_PlugInData& record : data) {
+    for (CRhinoPlugInDocumentData* plugIn : plug_ins) {
+      if (plugIn->PlugInID() != record.m_plugin_id) continue;
+      if (!ReadDocumentData(*plugIn, doc_, record, options)) {
+        Print("The document data of plug-in " + PlugInName(doc_, record.m_plugin_id) +
+              " could not be read.\n");
+      }
+    }
+  }
+}
+
+void CRhinoApp::AddPlugInData(CRhinoPlugInDocumentData& plug_in) {
+  plugin_data_.push_back(&plug_in);
+  ReadPlugInData(std::span(plugin_data_).last(1), doc_.PlugInData(), {});
+}
+
+void CRhinoApp::RemovePlugInData(CRhinoPlugInDocumentData& plug_in) {
+  std::erase(plugin_data_, &plug_in);
+}
+
+CRhinoApp& RhinoApp() {
+  static CRhinoApp app;
+  return app;
+}

@@ -1,0 +1,151 @@
+#include "host/document/doc.h"
+
+#include <unordered_set>
+#include <utility>
+
+#include "host/document/app.h"
+#include "host/document/default_views.h"
+#include "host/document/new_id.h"
+
+CRhinoDoc::CRhinoDoc() {
+  MakeViews({});
+}
+
+CRhinoDoc::~CRhinoDoc() = default;
+
+void CRhinoDoc::SetModel(ONX_Model model, std::string path) {
+  path_ = std::move(path);
+  file_version_ = model.m_3dm_file_version;
+  file_properties_ = std::move(model.m_properties);
+  properties_.settings_ = std::move(model.m_settings);
+  m_layer_table = CRhinoLayerTable(std::move(model.m_layer_table));
+  m_material_table = CRhinoMaterialTable(std::move(model.m_material_table));
+  m_group_table = CRhinoGroupTable(std::move(model.m_group_table));
+  m_linetype_table = CRhinoLinetypeTable(std::move(model.m_linetype_table));
+  m_dimstyle_table = CRhinoDimStyleTable(std::move(model.m_dimstyle_table));
+  m_instance_definition_table = CRhinoInstanceDefinitionTable(std::move(model.m_idef_table));
+  m_user_strings = std::move(model.m_document_user_strings);
+  plugin_data_ = std::move(model.m_userdata_table);
+  unread_ = std::move(model.m_unread);
+  problems_ = std::move(model.m_problems);
+
+  by_id_.clear();
+  by_serial_number_.clear();
+  objects_.clear();
+  lights_.clear();
+  selected_count_ = 0;
+  AddObjects(std::move(model.m_object_table), std::move(model.m_light_table));
+  MarkDefinitionMembers();
+  MakeViews(properties_.settings_);
+}
+
+CRhinoDoc::IdMap CRhinoDoc::AddObjects(std::vector<ONX_ModelObject> objects,
+                                       std::vector<ONX_ModelLight> lights) {
+  ++content_number_;
+  visible_box_.reset();
+  const std::size_t count = by_id_.size() + objects.size() + lights.size();
+  by_id_.reserve(count);
+  by_serial_number_.reserve(count);
+  objects_.reserve(objects_.size() + objects.size());
+  lights_.reserve(lights_.size() + lights.size());
+
+  IdMap newIds;
+  const std::size_t first = objects_.size();
+  for (ONX_ModelObject& object : objects) {
+    const ON_UUID stored = object.m_attributes.m_uuid;
+    CRhinoObject* const owner = LookupObject(stored);
+    const ON_UUID& id = AddObject(objects_, std::move(object));
+    const bool isOwnedBefore =
+        owner != nullptr && owner->serial_number_ < objects_[first]->serial_number_;
+    if (isOwnedBefore) newIds.emplace(stored, id);
+  }
+  for (ONX_ModelLight& light : lights) {
+    ONX_ModelObject object;
+    object.m_attributes = std::move(light.m_attributes);
+    object.m_geometry = std::move(light.m_light);
+    object.m_object_type = static_cast<unsigned>(ON_ObjectType::light);
+    object.m_span = light.m_span;
+    AddObject(lights_, std::move(object));
+  }
+  return newIds;
+}
+
+const ON_UUID& CRhinoDoc::AddObject(ObjectList& list, ONX_ModelObject object) {
+  const unsigned serialNumber = RhinoApp().NewRuntimeSerialNumber();
+  ON_UUID& id = object.m_attributes.m_uuid;
+  const auto isTaken = [this](const ON_UUID& candidate) { return by_id_.contains(candidate); };
+  if (id.IsNil() || isTaken(id)) id = NewId(serialNumber, isTaken);
+  CRhinoObject& added =
+      *list.emplace_back(std::make_unique<CRhinoObject>(*this, serialNumber, std::move(object)));
+  by_id_.emplace(added.attributes_.m_uuid, &added);
+  by_serial_number_.emplace(serialNumber, &added);
+  return added.attributes_.m_uuid;
+}
+
+void CRhinoDoc::MarkDefinitionMembers() {
+  for (const ON_InstanceDefinition& definition : m_instance_definition_table) {
+    for (const ON_UUID& id : definition.m_object_ids) {
+      if (CRhinoObject* object = LookupObject(id)) object->listed_in_definition_ = true;
+    }
+  }
+}
+
+CRhinoObject* CRhinoDoc::LookupObject(const ON_UUID& id) const {
+  const auto found = by_id_.find(id);
+  return found == by_id_.end() ? nullptr : found->second;
+}
+
+CRhinoObject* CRhinoDoc::LookupObject(unsigned runtime_serial_number) const {
+  const auto found = by_serial_number_.find(runtime_serial_number);
+  return found == by_serial_number_.end() ? nullptr : found->second;
+}
+
+ON_BoundingBox CRhinoDoc::BoundingBox() const {
+  if (!visible_box_) {
+    visible_box_.emplace();
+    for (const auto& object : objects_) {
+      if (object->Geometry() == nullptr || !object->IsVisible()) continue;
+      visible_box_->Include(object->Geometry()->BoundingBox());
+    }
+  }
+  return *visible_box_;
+}
+
+void CRhinoDoc::GetViewList(std::vector<CRhinoView*>& list, bool model_views,
+                            bool page_views) const {
+  list.clear();
+  for (const auto& view : views_) {
+    if (view->IsPage() ? page_views : model_views) list.push_back(view.get());
+  }
+}
+
+void CRhinoDoc::MakeViews(const ON_3dmSettings& settings) {
+  const ON_BoundingBox box = BoundingBox();
+  views_.clear();
+  std::unordered_set<ON_UUID> ids;
+  const auto isTaken = [&ids](const ON_UUID& id) { return ids.contains(id); };
+  for (ON_3dmView view : settings.m_views.empty() ? DefaultViews(box) : settings.m_views) {
+    CompleteView(view, box);
+    ON_UUID& id = view.m_vp.m_id;
+    if (id.IsNil() || isTaken(id)) id = NewId(static_cast<std::uint32_t>(views_.size()), isTaken);
+    ids.insert(id);
+    views_.push_back(std::make_unique<CRhinoView>(std::move(view)));
+  }
+  active_view_ = ChooseActiveView(settings.m_active_view_id);
+}
+
+CRhinoView* CRhinoDoc::ChooseActiveView(const ON_UUID& named_id) const {
+  CRhinoView* maximized = nullptr;
+  CRhinoView* perspective = nullptr;
+  for (const auto& view : views_) {
+    const CRhinoViewport& viewport = view->Viewport();
+    if (!named_id.IsNil() && viewport.ViewportId() == named_id) return view.get();
+    if (view->IsPage()) continue;
+    if (maximized == nullptr && viewport.View().m_maximized) maximized = view.get();
+    if (perspective == nullptr && viewport.VP().Projection() == ON_Viewport::View::perspective) {
+      perspective = view.get();
+    }
+  }
+  if (maximized != nullptr) return maximized;
+  return perspective != nullptr ? perspective : views_.front().get();
+}

@@ -1,0 +1,113 @@
+#include "host/document/tables.h"
+
+#include "host/system/text.h"
+
+namespace {
+
+constexpr std::string_view kPathSeparator = "::";
+
+}  // namespace
+
+CRhinoLayerTable::CRhinoLayerTable(std::vector<ON_Layer> layers) : CRhinoTable(std::move(layers)) {
+  by_id_.reserve(records_.size());
+  for (int i = 0; i < Count(); ++i) {
+    const ON_UUID& id = At(i)->m_id;
+    if (!id.IsNil()) by_id_.emplace(id, i);
+  }
+  FindPlaces();
+}
+
+// Walks up from each layer until it meets one that is known, and then down again. A layer met twice
+// on one way up closes a circle; it becomes the top of it.
+void CRhinoLayerTable::FindPlaces() {
+  enum class State : char { untouched, on_the_way, known };
+  std::vector<State> states(records_.size(), State::untouched);
+  places_.resize(records_.size());
+  std::vector<std::size_t> way;
+  for (std::size_t start = 0; start < records_.size(); ++start) {
+    std::size_t at = start;
+    while (states[at] == State::untouched) {
+      states[at] = State::on_the_way;
+      way.push_back(at);
+      const int parent = FindLayer(records_[at].m_parent_id);
+      if (parent < 0 || states[static_cast<std::size_t>(parent)] == State::on_the_way) break;
+      places_[at].parent = parent;
+      at = static_cast<std::size_t>(parent);
+    }
+    for (; !way.empty(); way.pop_back()) {
+      const std::size_t index = way.back();
+      Place& place = places_[index];
+      place.visible = records_[index].m_visible && IsLayerVisible(place.parent);
+      place.locked = records_[index].m_locked || IsLayerLocked(place.parent);
+      states[index] = State::known;
+    }
+  }
+}
+
+const CRhinoLayerTable::Place* CRhinoLayerTable::PlaceAt(int index) const {
+  return At(index) == nullptr ? nullptr : &places_[static_cast<std::size_t>(index)];
+}
+
+int CRhinoLayerTable::FindLayer(const ON_UUID& id) const {
+  const auto found = by_id_.find(id);
+  return found == by_id_.end() ? -1 : found->second;
+}
+
+int CRhinoLayerTable::FindLayer(std::string_view name) const {
+  int named = -1;
+  for (int i = 0; i < Count(); ++i) {
+    if (HasFullPath(i, name)) return i;
+    if (named < 0 && host::EqualNoCase(At(i)->m_name, name)) named = i;
+  }
+  return named;
+}
+
+bool CRhinoLayerTable::HasFullPath(int index, std::string_view path) const {
+  for (;;) {
+    const std::size_t split = path.rfind(kPathSeparator);
+    const bool isTop = split == std::string_view::npos;
+    const std::string_view name = isTop ? path : path.substr(split + kPathSeparator.size());
+    if (!host::EqualNoCase(At(index)->m_name, name)) return false;
+    index = ParentOf(index);
+    if (isTop || index < 0) return isTop && index < 0;
+    path = path.substr(0, split);
+  }
+}
+
+int CRhinoLayerTable::ParentOf(int index) const {
+  const Place* place = PlaceAt(index);
+  return place == nullptr ? -1 : place->parent;
+}
+
+bool CRhinoLayerTable::IsLayerVisible(int index) const {
+  const Place* place = PlaceAt(index);
+  return place == nullptr || place->visible;
+}
+
+bool CRhinoLayerTable::IsLayerLocked(int index) const {
+  const Place* place = PlaceAt(index);
+  return place != nullptr && place->locked;
+}
+
+std::string CRhinoLayerTable::FullPath(int index) const {
+  std::vector<int> way;
+  for (; At(index) != nullptr; index = ParentOf(index)) way.push_back(index);
+  std::string path;
+  for (; !way.empty(); way.pop_back()) {
+    if (!path.empty()) path += kPathSeparator;
+    path += At(way.back())->m_name;
+  }
+  return path;
+}
+
+CRhinoGroupTable::CRhinoGroupTable(std::vector<ON_Group> groups) : CRhinoTable(std::move(groups)) {
+  by_stored_index_.reserve(records_.size());
+  for (std::size_t i = 0; i < records_.size(); ++i) {
+    by_stored_index_.emplace(records_[i].m_index, i);
+  }
+}
+
+const ON_Group* CRhinoGroupTable::FindGroup(int stored_index) const {
+  const auto found = by_stored_index_.find(stored_index);
+  return found == by_stored_index_.end() ? nullptr : &records_[found->second];
+}

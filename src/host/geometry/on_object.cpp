@@ -1,0 +1,5 @@
+#include "host/geometry/on_object.h"
+
+// Here, and not in the header, so that the class has one identity in all the program's modules.
+ON_Object::~ON_Object() = default;
+ON_Geometry::~ON_Geometry() = default;

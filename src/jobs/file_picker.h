@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/command/command.h"
+#include "host/command/file_dialog.h"
+
+// The plug-in's dialogs that choose a file.
+namespace orv {
+
+// What a picker shows.
+struct FilePicker {
+  std::string_view Title;
+  // Descriptions and patterns, each followed by ";": "RIB Files (*.rib);*.rib;All Files;*.*;".
+  std::string_view Filter;
+};
+
+// Asks for an existing file. `folder` is where the dialog starts (the folder of `file` when it is
+// empty), `file` the name that it proposes when there is such a file. True when a file was chosen;
+// `file` is then its name and `folder` its folder. False leaves both as they are.
+[[nodiscard]] bool PickFileToOpen(CRhinoCommandContext& context, const FilePicker& picker,
+                                  std::string& folder, std::string& file);
+
+// Asks for a file to write, otherwise as PickFileToOpen. The name gets the extension of the chosen
+// filter, unless that filter takes every file.
+[[nodiscard]] bool PickFileToSave(CRhinoCommandContext& context, const FilePicker& picker,
+                                  std::string& folder, std::string& file);
+
+// Asks for a file's name with a prompt, as a script answers it. Success; otherwise what the command
+// is to give back.
+[[nodiscard]] CommandResult AskForFileName(CRhinoCommandContext& context, std::string_view prompt,
+                                           std::string& file);
+
+// The rows of a filter text. A description without a pattern is dropped.
+std::vector<CRhinoFileFilter> FileFiltersFromText(std::string_view text);
+
+// The row whose pattern has the file's extension, counted from 1; 1 when there is none.
+int FileFilterIndex(const std::vector<CRhinoFileFilter>& filters, std::string_view file);
+
+}  // namespace orv

@@ -1,0 +1,17 @@
+#include "jobs/version_increment_command.h"
+
+#include <limits>
+
+namespace orv {
+
+CCommandOrvVersionIncrement::CCommandOrvVersionIncrement(CSceneOutPlugIn& plugIn)
+    : COrvCommand(plugIn, "ccd7c50e-ff8b-4c5e-9e3b-bb89cdc3b257"_uuid, "OrvVersionIncrement",
+                  "Adds one to the version number of scene and image names.") {}
+
+CommandResult CCommandOrvVersionIncrement::RunCommand(CRhinoCommandContext&) {
+  int& version = PlugIn().User().Version;
+  if (version < std::numeric_limits<int>::max()) ++version;
+  return CommandResult::success;
+}
+
+}  // namespace orv

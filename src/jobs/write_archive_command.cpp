@@ -1,0 +1,78 @@
+#include "jobs/write_archive_command.h"
+
+#include <algorithm>
+
+#include "export/scene_export.h"
+#include "host/command/get_option.h"
+#include "jobs/file_picker.h"
+#include "jobs/orv_home.h"
+
+namespace orv {
+namespace {
+
+constexpr FilePicker kPicker{"Write Archive", "RIB Files (*.rib);*.rib;All Files;*.*;"};
+
+std::string WithBackslashes(std::string path) {
+  std::replace(path.begin(), path.end(), '/', '\\');
+  return path;
+}
+
+}  // namespace
+
+CCommandOrvWriteArchive::CCommandOrvWriteArchive(CSceneOutPlugIn& plugIn)
+    : COrvCommand(plugIn, "33ecff0d-ddab-44f2-a714-683723c31689"_uuid, "OrvWriteArchive",
+                  "Writes the selected objects to a RIB archive.") {}
+
+CommandResult CCommandOrvWriteArchive::AskForArchive(CRhinoCommandContext& context,
+                                                     std::string& name) const {
+  if (context.IsInteractive()) {
+    std::string file = WithBackslashes(name);
+    if (PickFileToSave(context, kPicker, PlugIn().User().RibDir, file)) name = file;
+    return CommandResult::success;
+  }
+  std::string typed;
+  const CommandResult asked = AskForFileName(context, "Archive", typed);
+  if (asked == CommandResult::success) name = WithBackslashes(ExpandOrvHome(typed));
+  return asked;
+}
+
+CommandResult CCommandOrvWriteArchive::AskForOptions(CRhinoCommandContext& context,
+                                                     RenderSettings& settings) const {
+  CRhinoGetOption get(context);
+  get.SetCommandPrompt("Write Archive ");
+  get.AcceptNothing();
+  for (;;) {
+    get.ClearCommandOptions();
+    const int archive = get.AddCommandOption("Archive", settings.RibName);
+    if (!settings.RibName.empty()) {
+      get.AddCommandOptionToggle("Materials", "No", "Yes", &settings.WriteMaterials);
+    }
+    const CRhinoGet::Result result = get.GetOption();
+    if (result == CRhinoGet::Result::nothing) return CommandResult::success;
+    if (result == CRhinoGet::Result::cancel) return CommandResult::cancel;
+    if (result != CRhinoGet::Result::option) return CommandResult::failure;
+    if (get.OptionIndex() != archive) continue;
+    const CommandResult asked = AskForArchive(context, settings.RibName);
+    if (asked != CommandResult::success) return asked;
+  }
+}
+
+CommandResult CCommandOrvWriteArchive::RunCommand(CRhinoCommandContext& context) {
+  RenderSettings settings = PlugIn().LoadSettings();
+  settings.RibName.clear();
+  const CommandResult asked = AskForOptions(context, settings);
+  if (asked != CommandResult::success) return asked;
+  settings.Selected = true;
+  settings.ArchiveOnly = true;
+  settings.WriteCamera = false;
+  settings.WriteDisplay = false;
+  CRhinoFileWriteOptions options;
+  options.SetMode(0, settings.Selected);
+  constexpr int kReparameterize = 1;
+  // What goes wrong is told by the export.
+  static_cast<void>(ExportSceneRib(settings.RibName, context.m_doc, options, kReparameterize, {},
+                                   settings, nullptr));
+  return CommandResult::success;
+}
+
+}  // namespace orv

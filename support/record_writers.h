@@ -1,0 +1,39 @@
+#pragma once
+
+#include <vector>
+
+#include "host/archive/binary_archive.h"
+#include "host/archive/model.h"
+#include "host/geometry/on_mesh.h"
+#include "host/geometry/on_point_cloud.h"
+
+// One function per kind of record; each writes the whole record with its chunk.
+
+namespace model_writer {
+
+void WriteProperties(ON_BinaryArchive& archive, const ON_3dmProperties& properties);
+void WriteSettings(ON_BinaryArchive& archive, const ON_3dmSettings& settings);
+// The record of the settings that lists views: TCODE_SETTINGS_VIEW_LIST or the one of named views.
+void WriteViewList(ON_BinaryArchive& archive, std::uint32_t typecode,
+                   const std::vector<ON_3dmView>& views);
+
+// `index` is the position in the table.
+void WriteLayer(ON_BinaryArchive& archive, const ON_Layer& layer, int index);
+void WriteMaterial(ON_BinaryArchive& archive, const ON_Material& material, int index);
+void WriteLinetype(ON_BinaryArchive& archive, const ON_Linetype& linetype, int index);
+void WriteGroup(ON_BinaryArchive& archive, const ON_Group& group);
+void WriteInstanceDefinition(ON_BinaryArchive& archive, const ON_InstanceDefinition& definition);
+
+void WriteLight(ON_BinaryArchive& archive, const ONX_ModelLight& light, int index);
+void WriteObject(ON_BinaryArchive& archive, const ONX_ModelObject& object);
+// The attributes without their chunk.
+void WriteAttributes(ON_BinaryArchive& archive, const ON_3dmObjectAttributes& attributes);
+// A geometry's data without a wrapper.
+void WriteMeshData(ON_BinaryArchive& archive, const ON_Mesh& mesh);
+
+// The table of one plug-in.
+void WritePlugInData(ON_BinaryArchive& archive, const ONX_PlugInData& data);
+// The table in which a document keeps its own user strings; nothing when there are none.
+void WriteDocumentUserStrings(ON_BinaryArchive& archive, const ON_UserStringList& strings);
+
+}  // namespace model_writer

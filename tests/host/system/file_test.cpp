@@ -1,0 +1,373 @@
+#include "host/system/file.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <thread>
+#include <vector>
+
+#include "support/temp_folder.h"
+
+namespace host {
+namespace {
+
+// The names in a folder, sorted.
+std::vector<std::string> NamesIn(const std::filesystem::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+using Names = std::vector<std::string>;
+
+// Limits the size of files while it lives, so that writing beyond it fails as on a full disk.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) : oldHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &old_);
+    const rlimit limited{bytes, old_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limited);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &old_);
+    std::signal(SIGXFSZ, oldHandler_);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+ private:
+  rlimit old_{};
+  void (*oldHandler_)(int);
+};
+
+std::string BytesAt(const FileReader& file, std::uint64_t offset, std::size_t count) {
+  std::string bytes(count, '\0');
+  bytes.resize(file.ReadAt(offset, std::as_writable_bytes(std::span(bytes))));
+  return bytes;
+}
+
+TEST(Files, AnExistingFileIsToldFromAFolder) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a.rib"), "x");
+  EXPECT_TRUE(FileExists(folder.File("a.rib")));
+  EXPECT_FALSE(FolderExists(folder.File("a.rib")));
+  EXPECT_TRUE(FolderExists(folder.Path().string()));
+  EXPECT_FALSE(FileExists(folder.Path().string()));
+  EXPECT_FALSE(FileExists(folder.File("none")));
+  EXPECT_FALSE(FileExists("/dev/null"));
+}
+
+TEST(Files, EitherSeparatorAndAnyNameWork) {
+  const TempFolder folder;
+  std::filesystem::create_directory(folder.Path() / "ünter ördner");
+  FileWriter file(folder.Path().string() + "\\ünter ördner/東京 🚀.rib");
+  ASSERT_TRUE(file.IsOpen());
+  file.Write("text");
+  EXPECT_TRUE(file.Close());
+  EXPECT_EQ(FileContent(folder.Path() / "ünter ördner" / "東京 🚀.rib"), "text");
+  EXPECT_TRUE(FileExists(folder.Path().string() + "/ünter ördner\\東京 🚀.rib"));
+}
+
+TEST(Files, APathWithAZeroByteNamesNothing) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a.rib"), "x");
+  const std::string path = folder.File("a.rib") + std::string("\0.txt", 5);
+  EXPECT_FALSE(FileExists(path));
+  EXPECT_FALSE(FileWriter(path).IsOpen());
+  EXPECT_FALSE(DeleteFile(path));
+  EXPECT_EQ(FileContent(folder.File("a.rib")), "x");
+}
+
+TEST(FileWriter, WritesBytesAsTheyAre) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a.rib"), "an older and longer text");
+  FileWriter file(folder.File("a.rib"));
+  file.Write(std::string_view("a\n\0\r\n", 5));
+  file.Write("");
+  file.Write("\xFF");
+  EXPECT_FALSE(file.HasError());
+  EXPECT_TRUE(file.Close());
+  EXPECT_EQ(FileContent(folder.File("a.rib")), std::string("a\n\0\r\n\xFF", 6));
+}
+
+TEST(FileWriter, TellsWhyAFileCannotBeOpened) {
+  const TempFolder folder;
+  FileWriter missing(folder.File("none/a.rib"));
+  EXPECT_FALSE(missing.IsOpen());
+  EXPECT_EQ(LastSystemError(), "No such file or directory");
+  EXPECT_TRUE(missing.HasError());
+  missing.Write("text");
+  EXPECT_FALSE(missing.Close());
+  EXPECT_FALSE(FileWriter(folder.Path().string()).IsOpen());
+  EXPECT_EQ(LastSystemError(), "Is a directory");
+  EXPECT_FALSE(FileWriter("").IsOpen());
+}
+
+TEST(FileWriter, AFolderWithoutFilesOfOnesOwnRefusesAFile) {
+  EXPECT_FALSE(FileWriter("/proc/a.rib").IsOpen());
+}
+
+TEST(FileWriter, AReadOnlyFolderRefusesAFile) {
+  if (geteuid() == 0) GTEST_SKIP() << "the superuser may write anywhere";
+  const TempFolder folder;
+  std::filesystem::permissions(
+      folder.Path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+  EXPECT_FALSE(FileWriter(folder.File("a.rib")).IsOpen());
+  EXPECT_EQ(LastSystemError(), "Permission denied");
+  std::filesystem::permissions(folder.Path(), std::filesystem::perms::owner_all);
+}
+
+TEST(FileWriter, AFullDiskIsAnError) {
+  FileWriter file("/dev/full");
+  ASSERT_TRUE(file.IsOpen());
+  EXPECT_FALSE(file.HasError());
+  file.Write("text");
+  EXPECT_TRUE(file.HasError());
+  EXPECT_FALSE(file.Close());
+  EXPECT_EQ(LastSystemError(), "No space left on device");
+}
+
+TEST(FileWriter, KeepsTheFirstErrorAndWritesNothingAfterIt) {
+  const TempFolder folder;
+  FileWriter file(folder.File("a.rib"));
+  {
+    const FileSizeLimit limit(10);
+    file.Write("123456");
+    EXPECT_FALSE(file.HasError());
+    file.Write("7890abc");
+    EXPECT_TRUE(file.HasError());
+  }
+  file.Write("more");
+  EXPECT_FALSE(file.Close());
+  EXPECT_EQ(LastSystemError(), "File too large");
+  EXPECT_EQ(FileContent(folder.File("a.rib")), "1234567890");
+}
+
+TEST(FileWriter, AReaderThatTakesPartsGetsAll) {
+  const TempFolder folder;
+  const std::string pipe = folder.File("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::string received;
+  std::thread reader([&] { received = FileContent(pipe); });
+  FileWriter file(pipe);
+  const std::string text(1000000, 'x');
+  file.Write(text);
+  EXPECT_TRUE(file.Close());
+  reader.join();
+  EXPECT_EQ(received, text);
+}
+
+TEST(FileReader, ReadsAtAnyOffset) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a.3dm"), "0123456789");
+  const FileReader file(folder.File("a.3dm"));
+  ASSERT_TRUE(file.IsOpen());
+  EXPECT_EQ(file.Size(), 10u);
+  EXPECT_EQ(BytesAt(file, 3, 4), "3456");
+  EXPECT_EQ(BytesAt(file, 0, 10), "0123456789");
+  EXPECT_EQ(BytesAt(file, 8, 4), "89");
+  EXPECT_EQ(BytesAt(file, 10, 1), "");
+  EXPECT_EQ(BytesAt(file, ~std::uint64_t{0}, 1), "");
+  EXPECT_EQ(BytesAt(file, 5, 0), "");
+}
+
+TEST(FileReader, RefusesWhatIsNoRegularFile) {
+  const TempFolder folder;
+  EXPECT_EQ(FileReader(folder.File("none")).Error(), "No such file or directory");
+  EXPECT_EQ(FileReader(folder.Path().string()).Error(), "is a folder");
+  EXPECT_EQ(FileReader("/dev/null").Error(), "is no regular file");
+  EXPECT_FALSE(FileReader(folder.Path().string()).IsOpen());
+}
+
+TEST(FileReader, APipeWithoutAWriterDoesNotHang) {
+  const TempFolder folder;
+  ASSERT_EQ(mkfifo(folder.File("pipe").c_str(), 0600), 0);
+  EXPECT_EQ(FileReader(folder.File("pipe")).Error(), "is no regular file");
+}
+
+TEST(FileReader, AFileThatShrinksGivesWhatIsThere) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a.3dm"), "0123456789");
+  const FileReader file(folder.File("a.3dm"));
+  WriteFileContent(folder.File("a.3dm"), "0123");
+  EXPECT_EQ(BytesAt(file, 0, 10), "0123");
+}
+
+TEST(Files, ReadsAWholeFile) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a.ors"), std::string("a\r\n\0b", 5));
+  WriteFileContent(folder.File("empty"), "");
+  EXPECT_EQ(ReadWholeFile(folder.File("a.ors")), std::string("a\r\n\0b", 5));
+  EXPECT_EQ(ReadWholeFile(folder.File("empty")), "");
+  EXPECT_EQ(ReadWholeFile(folder.File("a.ors"), 5).has_value(), true);
+  EXPECT_EQ(ReadWholeFile(folder.File("a.ors"), 4), std::nullopt);
+  EXPECT_EQ(LastSystemError(), "File too large");
+  EXPECT_EQ(ReadWholeFile(folder.File("none")), std::nullopt);
+  EXPECT_EQ(LastSystemError(), "No such file or directory");
+  EXPECT_EQ(ReadWholeFile(folder.Path().string()), std::nullopt);
+  EXPECT_EQ(LastSystemError(), "Is a directory");
+}
+
+TEST(ReplaceFile, MakesANewFileAndReplacesAnOldOne) {
+  const TempFolder folder;
+  EXPECT_TRUE(ReplaceFile(folder.File("a.ors"), "one"));
+  EXPECT_EQ(FileContent(folder.File("a.ors")), "one");
+  EXPECT_TRUE(ReplaceFile(folder.File("a.ors"), std::string_view("two\0", 4)));
+  EXPECT_EQ(FileContent(folder.File("a.ors")), std::string("two\0", 4));
+  EXPECT_EQ(NamesIn(folder.Path()), Names{"a.ors"});
+}
+
+TEST(ReplaceFile, KeepsThePermissionsOfTheOldFile) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a.ors"), "one");
+  std::filesystem::permissions(folder.File("a.ors"), std::filesystem::perms(0640));
+  EXPECT_TRUE(ReplaceFile(folder.File("a.ors"), "two"));
+  EXPECT_EQ(std::filesystem::status(folder.File("a.ors")).permissions(),
+            std::filesystem::perms(0640));
+}
+
+TEST(ReplaceFile, FollowsASymbolicLink) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("real.ors"), "one");
+  std::filesystem::create_symlink("real.ors", folder.File("link.ors"));
+  EXPECT_TRUE(ReplaceFile(folder.File("link.ors"), "two"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.File("link.ors")));
+  EXPECT_EQ(FileContent(folder.File("real.ors")), "two");
+}
+
+TEST(ReplaceFile, AFullDiskLeavesTheOldFileAndNothingElse) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a.ors"), "one");
+  {
+    const FileSizeLimit limit(10);
+    EXPECT_FALSE(ReplaceFile(folder.File("a.ors"), "a text of more than ten bytes"));
+    EXPECT_EQ(LastSystemError(), "File too large");
+  }
+  EXPECT_EQ(FileContent(folder.File("a.ors")), "one");
+  EXPECT_EQ(NamesIn(folder.Path()), Names{"a.ors"});
+}
+
+TEST(ReplaceFile, RefusesWhatIsNoFileOrHasNoFolder) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("file"), "x");
+  EXPECT_FALSE(ReplaceFile(folder.Path().string(), "text"));
+  EXPECT_EQ(LastSystemError(), "Is a directory");
+  EXPECT_FALSE(ReplaceFile(folder.File("none/a.ors"), "text"));
+  EXPECT_EQ(LastSystemError(), "No such file or directory");
+  EXPECT_FALSE(ReplaceFile(folder.File("file/a.ors"), "text"));
+  EXPECT_EQ(LastSystemError(), "Not a directory");
+  EXPECT_FALSE(ReplaceFile("/dev/full", "text"));
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+  EXPECT_FALSE(ReplaceFile("", "text"));
+}
+
+TEST(ReplaceFile, WorksInTheCurrentFolder) {
+  const TempFolder folder;
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.Path());
+  EXPECT_TRUE(ReplaceFile("a.ors", "text"));
+  std::filesystem::current_path(before);
+  EXPECT_EQ(FileContent(folder.File("a.ors")), "text");
+}
+
+TEST(ReplaceFile, WorksForTheLongestName) {
+  const TempFolder folder;
+  const std::string name(255, 'n');
+  EXPECT_TRUE(ReplaceFile(folder.File(name), "text"));
+  EXPECT_EQ(NamesIn(folder.Path()), Names{name});
+}
+
+TEST(Files, DeletesAndRenames) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a"), "a");
+  WriteFileContent(folder.File("b"), "b");
+  EXPECT_TRUE(RenameFile(folder.File("a"), folder.Path().string() + "\\b"));
+  EXPECT_EQ(FileContent(folder.File("b")), "a");
+  EXPECT_FALSE(RenameFile(folder.File("a"), folder.File("b")));
+  EXPECT_TRUE(DeleteFile(folder.File("b")));
+  EXPECT_FALSE(DeleteFile(folder.File("b")));
+  EXPECT_FALSE(DeleteFile(folder.Path().string()));
+  EXPECT_TRUE(FolderExists(folder.Path().string()));
+}
+
+TEST(Files, CreatesAFolderWithThoseAboveIt) {
+  const TempFolder folder;
+  EXPECT_TRUE(CreatePrivateFolder(folder.File("a b/ü\\c")));
+  EXPECT_TRUE(FolderExists(folder.File("a b/ü/c")));
+  EXPECT_EQ(std::filesystem::status(folder.File("a b")).permissions(),
+            std::filesystem::perms(0700));
+  EXPECT_TRUE(CreatePrivateFolder(folder.File("a b/ü/c/")));
+  WriteFileContent(folder.File("file"), "x");
+  EXPECT_FALSE(CreatePrivateFolder(folder.File("file/c")));
+  EXPECT_EQ(LastSystemError(), "Not a directory");
+  EXPECT_FALSE(CreatePrivateFolder(folder.File("file")));
+  EXPECT_FALSE(CreatePrivateFolder("/proc/none/c"));
+  EXPECT_FALSE(CreatePrivateFolder(""));
+}
+
+TEST(RhinoBackupFile, MovesAFileAside) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a b.rib"), "old");
+  const std::string backup = RhinoBackupFile(folder.File("a b.rib"));
+  EXPECT_EQ(backup, folder.File("a b.rib.bak"));
+  EXPECT_EQ(FileContent(backup), "old");
+  EXPECT_FALSE(FileExists(folder.File("a b.rib")));
+}
+
+TEST(RhinoBackupFile, GivesNothingWithoutAFile) {
+  const TempFolder folder;
+  EXPECT_EQ(RhinoBackupFile(folder.File("none.rib")), "");
+  EXPECT_TRUE(NamesIn(folder.Path()).empty());
+}
+
+TEST(RhinoBackupFile, NeverOverwritesAnotherFile) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a.rib"), "old");
+  WriteFileContent(folder.File("a.rib.bak"), "kept");
+  WriteFileContent(folder.File("a.rib.1.bak"), "kept too");
+  EXPECT_EQ(RhinoBackupFile(folder.File("a.rib")), folder.File("a.rib.2.bak"));
+  EXPECT_EQ(FileContent(folder.File("a.rib.bak")), "kept");
+  EXPECT_EQ(FileContent(folder.File("a.rib.1.bak")), "kept too");
+  EXPECT_EQ(FileContent(folder.File("a.rib.2.bak")), "old");
+}
+
+TEST(RhinoBackupFile, LeavesWhatIsNoRegularFileWhereItIs) {
+  const TempFolder folder;
+  std::filesystem::create_directory(folder.Path() / "folder.rib");
+  EXPECT_EQ(RhinoBackupFile(folder.File("folder.rib")), "");
+  EXPECT_EQ(NamesIn(folder.Path()), Names{"folder.rib"});
+  EXPECT_EQ(RhinoBackupFile("/dev/full"), "");
+  EXPECT_TRUE(std::filesystem::exists("/dev/full"));
+}
+
+TEST(RhinoBackupFile, WorksForTheLongestName) {
+  const TempFolder folder;
+  std::string name;
+  while (name.size() < 254) name += "ü";
+  WriteFileContent(folder.File(name), "old");
+  const std::string backup = RhinoBackupFile(folder.File(name));
+  ASSERT_NE(backup, "");
+  EXPECT_EQ(FileContent(backup), "old");
+  EXPECT_EQ(NamesIn(folder.Path()).size(), 1u);
+}
+
+TEST(RhinoBackupFile, RestoringGivesTheOldFileBack) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a.rib"), "old");
+  const std::string backup = RhinoBackupFile(folder.Path().string() + "\\a.rib");
+  WriteFileContent(folder.File("a.rib"), "half wri");
+  EXPECT_TRUE(RenameFile(backup, folder.File("a.rib")));
+  EXPECT_EQ(FileContent(folder.File("a.rib")), "old");
+  EXPECT_EQ(NamesIn(folder.Path()), Names{"a.rib"});
+}
+
+}  // namespace
+}  // namespace host
