@@ -57,9 +57,8 @@ std::vector<Channel> ChannelsInUse(const RenderSettings& settings,
 
 // The image's file, with the renderer's frame token when it is one of a sequence.
 std::string ImageName(const RibWriter& writer, const RenderSettings& settings) {
-  const std::string name = settings.ImageName.empty()
-                               ? host::SplitPath(writer.FileName).Base + ".tif"
-                               : settings.ImageName;
+  std::string name = settings.ImageName.empty() ? host::SplitPath(writer.FileName).Base + ".tif"
+                                                : settings.ImageName;
   if (settings.AnimMode == 0 && settings.FrameNumber < 0) return name;
   host::PathParts parts = host::SplitPath(name);
   parts.Base += "_#4f";

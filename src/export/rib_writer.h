@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-#include <cstdarg>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -59,15 +57,14 @@ class RibWriter {
   template <class... Numbers>
   friend void RibIntegers(RibWriter& writer, Numbers... numbers);
 
-  // Writing is in place: BeginText gives where the next text of the line goes, with room for
-  // kTextRoom bytes, and the text is then made part of the line by EndNumbers or EndText.
+  // A text is written in place: where BeginText says, with room for kTextRoom bytes. EndText then
+  // makes it part of the line, EndNumbers one that is short and holds no percent sign or line feed.
   static constexpr std::size_t kTextRoom = kLineLimit + 64;
 
   char* BeginText() {
     if (end_ == line_) StartLine(Indent);
     return end_;
   }
-  // For a short text without percent sign and line feed.
   void EndNumbers(char* textEnd) {
     if (textEnd - line_ < kLineLimit) [[likely]] {
       end_ = textEnd;
@@ -75,22 +72,22 @@ class RibWriter {
       BreakLine(textEnd);
     }
   }
-  void EndText(std::string_view text, bool onNewLine);
+  void EndText(char* textEnd);
 
   void StartLine(int indent);
   void BreakLine(const char* textEnd);
   void FinishLine();
-  void WriteOut();
+  void MakeRoom();
 
-  // Complete lines, then the line from line_ to end_. There is always room in it for a whole line
-  // with one more text and for what a break adds.
+  // Holds complete lines up to line_, then the line up to end_. Behind line_ there is always room
+  // for a whole line, one more text and what a break adds.
   static constexpr std::size_t kBlockSize = std::size_t{1} << 17;
-  static constexpr std::size_t kLineRoom = 2 * kTextRoom + 2 * kDeepestIndent;
+  static constexpr std::size_t kLineRoom = 2 * kTextRoom;
 
   host::FileWriter file_;
-  std::unique_ptr<std::array<char, kBlockSize>> block_;
-  char* line_ = block_->data();
-  char* end_ = line_;
+  std::unique_ptr<char[]> block_;
+  char* line_;
+  char* end_;
   bool hasPercent_ = false;  // the line holds a percent sign
 };
 
@@ -116,8 +113,5 @@ void RibIntegers(RibWriter& writer, Numbers... numbers) {
   ((text = host::FormatInt(numbers, text), *text++ = ' '), ...);
   writer.EndNumbers(text);
 }
-
-// Replaces each backslash by a slash. For every file name that goes into a statement.
-void ToRibPath(std::string& text);
 
 }  // namespace orv

@@ -1,10 +1,12 @@
 #include "export/scene_export.h"
 
+#include <string>
 #include <utility>
 
 #include "export/camera.h"
 #include "export/frame.h"
 #include "export/image_output.h"
+#include "export/lights.h"
 #include "export/object_list.h"
 #include "export/object_walk.h"
 #include "export/output_file.h"
@@ -12,7 +14,6 @@
 #include "export/sampling.h"
 #include "export/view_choice.h"
 #include "host/document/app.h"
-#include "host/geometry/on_light.h"
 #include "host/system/file.h"
 #include "host/system/interrupt.h"
 #include "host/system/text.h"
@@ -40,19 +41,6 @@ void WriteOutput(RibWriter& writer, const RenderSettings& settings) {
   }
 }
 
-// False when the stream has an error before one of the document's lights.
-bool WriteLights(RibWriter& writer, const Scene& scene) {
-  if (!scene.settings.UseLights) return true;
-  for (const CRhinoObject* object : scene.objects) {
-    const ON_Light* light = ON_Light::Cast(object->Geometry());
-    if (light == nullptr || !object->IsVisible()) continue;
-    if (!light->m_bOn && scene.iprSettings == nullptr) continue;
-    if (writer.HasError()) return false;
-    // Statements of one light.
-  }
-  return true;
-}
-
 // The order of the file. False when the export has failed or was cancelled.
 bool WriteScene(RibWriter& writer, const Scene& scene) {
   RenderSettings& settings = scene.settings;
@@ -68,7 +56,7 @@ bool WriteScene(RibWriter& writer, const Scene& scene) {
     // Scene-wide options.
     BeginWorld(writer);
     // Global illumination light.
-    if (!WriteLights(writer, scene)) return false;
+    if (!WriteLights(writer, scene.objects, settings, scene.iprSettings)) return false;
     // Shadow attributes and default light.
   }
   // Render meshes of all surfaces.
@@ -125,7 +113,7 @@ bool ReplaceOlderFile(const std::string& path, const Scene& scene, int reparamet
 
 int ExportSceneRib(std::string_view fileName, CRhinoDoc& doc,
                    const CRhinoFileWriteOptions& writeOptions, int reparameterize,
-                   std::string /*ignoredText*/, RenderSettings& settings,
+                   std::string_view /*ignoredText*/, RenderSettings& settings,
                    const IprSettings* iprSettings) {
   ObjectList objects = GatherObjects(doc, writeOptions.Mode(0), settings);
   const CRhinoView* view = ChooseView(doc, settings.ViewName);

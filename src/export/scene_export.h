@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "host/document/doc.h"
@@ -20,7 +19,7 @@ namespace orv {
 // CameraMatrix, CameraFov) become what was written.
 int ExportSceneRib(std::string_view fileName, CRhinoDoc& doc,
                    const CRhinoFileWriteOptions& writeOptions, int reparameterize,
-                   std::string ignoredText, RenderSettings& settings,
+                   std::string_view ignoredText, RenderSettings& settings,
                    const IprSettings* iprSettings);
 
 }  // namespace orv

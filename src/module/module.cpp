@@ -1,6 +1,7 @@
 // The module that hosts load: the plug-in object with its commands, and what a host asks of the
 // module's exports.
 
+#include "host/command/plugin_module.h"
 #include "jobs/environment_map_command.h"
 #include "jobs/plugin.h"
 #include "jobs/settings_commands.h"
@@ -33,10 +34,10 @@ extern "C" {
 
 // The SDK that the module was built with; a host refuses others than its own.
 [[gnu::visibility("default")]] int RhinoPlugInSdkVersion() {
-  return 200909025;
+  return kRhinoPlugInSdkVersion;
 }
 [[gnu::visibility("default")]] int RhinoPlugInSdkServiceRelease() {
-  return 201008125;
+  return kRhinoPlugInSdkServiceRelease;
 }
 
 // Who ships the plug-in. What there is none of is empty.

@@ -33,7 +33,7 @@ class CameraTest : public testing::Test {
 
 // The transform of PerspectiveView.
 constexpr std::string_view kPerspectiveTransform =
-    "ConcatTransform [ 1 0 -0 0.0 0 0 1 0.0 0 1 -0 0.0 -1 -2 10 1.0 ]\n";
+    "ConcatTransform [ 1 0 0 0.0 0 0 1 0.0 0 1 0 0.0 -1 -2 10 1.0 ]\n";
 
 TEST_F(CameraTest, OfAPerspectiveView) {
   EXPECT_EQ(Camera(PerspectiveView()),
@@ -55,7 +55,7 @@ TEST_F(CameraTest, OfAParallelView) {
             "Clipping 42.75 52.5\n"
             "Format 800 400 1\n"
             "Projection \"orthographic\"\n"
-            "ConcatTransform [ 1 0 -0 0.0 0 1 -0 0.0 0 0 -1 0.0 -2 -3 50 1.0 ]\n");
+            "ConcatTransform [ 1 0 0 0.0 -0 1 0 0.0 0 0 -1 0.0 -2 -3 50 1.0 ]\n");
   EXPECT_EQ(settings_.CameraFov, 0);
 }
 

@@ -171,7 +171,8 @@ void ExpectMeshes(const std::string& rib, const std::vector<Json>& meshes) {
   VertexSum expected;
   for (const Json& mesh : meshes) {
     expected.count += mesh["V"].get<std::size_t>();
-    const auto sum = mesh["float_coord_sum"].get<std::array<double, 3>>();
+    const char* key = mesh.contains("float_coord_sum") ? "float_coord_sum" : "coord_sum";
+    const auto sum = mesh[key].get<std::array<double, 3>>();
     for (std::size_t i = 0; i < 3; ++i) expected.sum[i] += sum[i];
   }
   const VertexSum written = VerticesInStream(rib);

@@ -1,5 +1,7 @@
 #include "export_fixture.h"
 
+#include <gmock/gmock.h>
+
 #include <regex>
 #include <utility>
 
@@ -99,5 +101,7 @@ int ExportTest::ExportTo(std::string_view path) {
 
 std::string ExportTest::Rib() {
   EXPECT_EQ(ExportTo(folder_.File("scene.rib")), 1) << messages_;
-  return FileContent(folder_.Path() / "scene.rib");
+  std::string rib = FileContent(folder_.Path() / "scene.rib");
+  EXPECT_THAT(CheckRib(rib).Complaints, testing::IsEmpty());
+  return rib;
 }

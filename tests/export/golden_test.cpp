@@ -1,8 +1,10 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
 #include "export_fixture.h"
+#include "support/rib_checker.h"
 
 namespace {
 
@@ -75,6 +77,7 @@ class GoldenTest : public ExportTest {
   void ExpectGolden(std::string_view name) {
     ASSERT_EQ(ExportTo(folder_.File("all.rib")), 1) << messages_;
     const std::string rib = WithoutFolderAndDate(FileContent(folder_.File("all_0007.rib")));
+    EXPECT_THAT(CheckRib(rib).Complaints, testing::IsEmpty());
     const std::filesystem::path golden =
         std::filesystem::path(ORV_TEST_FOLDER) / "golden" / std::string(name);
     if (std::getenv("ORV_UPDATE_GOLDEN") != nullptr) WriteFileContent(golden, rib);

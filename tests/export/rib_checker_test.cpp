@@ -41,7 +41,7 @@ TEST(RibChecker, AcceptsAnEmptyStream) {
 
 TEST(RibChecker, GivesTheStatementsWithTheirArguments) {
   const RibReport report = CheckRib(kScene);
-  ASSERT_EQ(report.Statements.size(), 13u);
+  ASSERT_EQ(report.Statements.size(), 14u);
   const RibStatement& attribute = report.Statements[2];
   EXPECT_EQ(attribute.Name, "Attribute");
   EXPECT_EQ(attribute.Line, 6);

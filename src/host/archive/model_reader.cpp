@@ -68,8 +68,10 @@ class ModelReader {
 
 bool ModelReader::ReadTables() {
   ReadChunks(archive_, [this](const Record& table) {
+    const std::string name = TableName(table.typecode);
+    problems_.Take(archive_, name, table.span.offset);
     ReadTable(table);
-    problems_.Take(archive_, TableName(table.typecode), table.span.offset);
+    problems_.Take(archive_, name, table.span.offset);
     return !ended_;
   });
   problems_.Take(archive_, "document", archive_.CurrentPosition());

@@ -107,6 +107,18 @@ bool ReadScaleAndArrows(ON_BinaryArchive& archive, ON_DimStyle& style) {
          archive.ReadInt(&style.m_leaderarrowtype);
 }
 
+// A name that is stored either as all texts are or in a chunk, as UTF-8 behind a version byte.
+bool ReadFaceName(ON_BinaryArchive& archive, std::string& name) {
+  if (archive.PeekAt3dmChunkType() != TCODE_UTF8_STRING_CHUNK) return archive.ReadString(&name);
+  const ChunkScope scope(archive);
+  std::uint32_t typecode = 0;
+  std::int64_t value = 0;
+  std::uint8_t version = 0;
+  if (!archive.BeginRead3dmChunk(&typecode, &value) || !archive.ReadChar(&version)) return false;
+  name.resize(static_cast<std::size_t>(archive.BytesLeft()));
+  return archive.ReadByte(std::as_writable_bytes(std::span(name)));
+}
+
 bool ReadFontName(ON_BinaryArchive& archive, ON_DimStyle& style) {
   // Arrow blocks; alignments, leader's form; a scale in a chunk; a unit.
   constexpr std::uint64_t kBlocksSize = 3 * 16;
@@ -117,7 +129,7 @@ bool ReadFontName(ON_BinaryArchive& archive, ON_DimStyle& style) {
   return archive.Skip(kBlocksSize + kLeaderSize) && SkipChunk(archive) &&
          archive.Skip(sizeof(std::int32_t)) &&
          archive.BeginRead3dmChunk(TCODE_ANONYMOUS_CHUNK, &major, &minor) &&
-         archive.ReadInt(&characteristics) && archive.ReadString(&style.m_font);
+         archive.ReadInt(&characteristics) && ReadFaceName(archive, style.m_font);
 }
 
 bool ReadNewDimStyle(ON_BinaryArchive& archive, ON_DimStyle& style) {

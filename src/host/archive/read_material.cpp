@@ -106,6 +106,16 @@ bool ReadNewMaterial(ON_BinaryArchive& archive, ON_Material& material) {
   return ReadAppearance(archive, material);
 }
 
+// Writers of version 4 left this grey where they meant nothing in particular.
+void ReplaceOldDefault(const ON_BinaryArchive& archive, ON_Material& material) {
+  constexpr unsigned kFirstGoodWriter = 200912010;
+  const ON_Color& c = material.m_transparent;
+  const bool is_grey = c.Red() == 128 && c.Green() == 128 && c.Blue() == 128;
+  if (is_grey && archive.ArchiveOpenNURBSVersion() < kFirstGoodWriter) {
+    material.m_transparent = material.m_diffuse;
+  }
+}
+
 // Versions 4 and 5.
 bool ReadMiddleMaterial(ON_BinaryArchive& archive, ON_Material& material) {
   const ChunkScope scope(archive);
@@ -113,8 +123,12 @@ bool ReadMiddleMaterial(ON_BinaryArchive& archive, ON_Material& material) {
   std::int32_t index = 0;
   if (!archive.BeginRead3dmChunk(TCODE_ANONYMOUS_CHUNK, &major, &minor)) return false;
   if (major != 1) return archive.Fail("a material of an unknown version");
-  return archive.ReadUuid(&material.m_id) && archive.ReadInt(&index) &&
-         archive.ReadString(&material.m_name) && ReadAppearance(archive, material);
+  if (!archive.ReadUuid(&material.m_id) || !archive.ReadInt(&index) ||
+      !archive.ReadString(&material.m_name) || !ReadAppearance(archive, material)) {
+    return false;
+  }
+  ReplaceOldDefault(archive, material);
+  return true;
 }
 
 // A texture of a material before version 4: a file, a mode, and a bump's depth.

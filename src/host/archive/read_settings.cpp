@@ -143,6 +143,13 @@ bool ReadPlugInList(ON_BinaryArchive& archive, std::vector<ON_3dmPlugInRef>& plu
   return true;
 }
 
+// Pages have units of their own where the model attributes, which stand behind these, say so.
+bool ReadModelUnits(ON_BinaryArchive& archive, ON_3dmSettings& settings) {
+  if (!ReadUnits(archive, settings.m_model_units)) return false;
+  settings.m_page_units = settings.m_model_units;
+  return true;
+}
+
 bool ReadPageUnits(ON_BinaryArchive& archive, ON_3dmUnitsAndTolerances& units) {
   int major = 0;
   int minor = 0;
@@ -207,7 +214,7 @@ bool ReadSettingsRecord(ON_BinaryArchive& archive, std::uint32_t typecode, std::
                         ON_3dmSettings& settings) {
   switch (typecode) {
     case TCODE_SETTINGS_UNITSANDTOLS:
-      return ReadWhole(archive, settings.m_model_units, ReadUnits);
+      return ReadWhole(archive, settings, ReadModelUnits);
     case TCODE_SETTINGS_RENDERMESH:
       return ReadWhole(archive, settings.m_render_mesh, ReadMeshParameters);
     case TCODE_SETTINGS_ANALYSISMESH:

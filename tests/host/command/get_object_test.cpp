@@ -95,8 +95,8 @@ TEST_F(GetObjectTest, NameGivesEveryObjectThatHasIt) {
 }
 
 TEST_F(GetObjectTest, IdAndSerialNumberGiveOneObject) {
-  Answer({Object(2).Attributes().m_uuid.ToString(),
-          std::to_string(Object(4).RuntimeSerialNumber()), "Enter"});
+  Answer({Object(2).Attributes().m_uuid.ToString(), std::to_string(Object(4).RuntimeSerialNumber()),
+          "Enter"});
   EXPECT_EQ(get_->GetObjects(1, 0), Result::object);
   EXPECT_THAT(Names(), ElementsAre("Roof", "Mark"));
 }

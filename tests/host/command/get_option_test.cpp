@@ -115,8 +115,7 @@ TEST_F(GetOptionTest, ListWithoutAValueAsksForIt) {
   Answer({"BgMode", "transparent"});
   EXPECT_EQ(Get(), Result::option);
   EXPECT_EQ(mode_, 0);
-  EXPECT_EQ(input_->Prompts()[1],
-            "BgMode <Color> ( Transparent  Color  Gradient  Image plane ): ");
+  EXPECT_EQ(input_->Prompts()[1], "BgMode <Color> ( Transparent  Color  Gradient  Image plane ): ");
 }
 
 TEST_F(GetOptionTest, EnterKeepsTheValueThatIsAskedFor) {
@@ -252,9 +251,8 @@ TEST_F(GetOptionTest, OneSidedBoundsAreTold) {
   get_->AddCommandOptionNumber("Most", &blur_, {}, std::numeric_limits<double>::lowest(), 3);
   Get();
   Get();
-  EXPECT_THAT(input_->Refusals(),
-              ElementsAre("Count takes a whole number of at least 1, not '0'.",
-                          "Most takes a number of at most 3, not '3.5'."));
+  EXPECT_THAT(input_->Refusals(), ElementsAre("Count takes a whole number of at least 1, not '0'.",
+                                              "Most takes a number of at most 3, not '3.5'."));
 }
 
 }  // namespace

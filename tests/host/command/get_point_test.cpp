@@ -32,8 +32,8 @@ TEST(GetPoint, AnythingElseIsToldAndAskedForAgain) {
     CRhinoCommandContext context(doc, input, true);
     CRhinoGetPoint get(context);
     EXPECT_EQ(get.GetPoint(), Result::point) << typed;
-    EXPECT_THAT(input.Refusals(), ElementsAre("A point is typed as x,y,z or x,y, not '" +
-                                              std::string(typed) + "'."));
+    EXPECT_THAT(input.Refusals(),
+                ElementsAre("A point is typed as x,y,z or x,y, not '" + std::string(typed) + "'."));
   }
 }
 
@@ -55,6 +55,7 @@ class GetRectangleTest : public testing::Test {
     view.m_name = "Wide";
     view.m_vp.m_port.right = 640;
     view.m_vp.m_port.bottom = 480;
+    view.m_vp.m_port.top = 0;
     view_ = std::make_unique<CRhinoView>(view);
     doc_.SetActiveView(view_.get());
   }
@@ -64,7 +65,6 @@ class GetRectangleTest : public testing::Test {
 };
 
 TEST_F(GetRectangleTest, TakesTwoCornersInAnyOrder) {
-  ON_3dmView wide;
   TypedInput input({"600,20", "10,400"});
   CRhinoCommandContext context(doc_, input, true);
   CRhinoGetRectangle get(context);

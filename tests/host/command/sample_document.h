@@ -4,8 +4,8 @@
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_point_cloud.h"
 
-// A document for the tests of commands: meshes "Wall" (twice), "Roof" and a hidden "Cellar", a point
-// "Mark", on the layers "Default", "House" and "House::Inner".
+// A document for the tests of commands: meshes "Wall" (twice), "Roof" and a hidden "Cellar", a
+// point "Mark", on the layers "Default", "House" and "House::Inner".
 inline ONX_Model SampleModel() {
   ONX_Model model;
   model.m_3dm_file_version = 60;

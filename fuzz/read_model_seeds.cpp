@@ -1,0 +1,128 @@
+#include <cstdio>
+#include <string>
+
+#include "host/archive/model.h"
+#include "host/geometry/on_mesh.h"
+#include "host/geometry/on_point_cloud.h"
+#include "host/system/file.h"
+#include "host/system/path.h"
+#include "support/model_writer.h"
+#include "support/shapes.h"
+
+// Makes the seeds of read_model_fuzz anew: read_model_seeds FOLDER.
+
+namespace {
+
+ON_UUID Id(std::uint8_t number) {
+  ON_UUID id;
+  id.bytes.fill(number);
+  return id;
+}
+
+void AddViews(ONX_Model& model) {
+  model.m_settings.m_views.resize(1);
+  model.m_settings.m_views[0].m_name = "Perspective";
+  model.m_settings.m_views[0].m_vp.m_projection = ON_Viewport::View::perspective;
+  model.m_settings.m_named_views.resize(1);
+  model.m_settings.m_named_views[0].m_name = "front door";
+}
+
+void AddTables(ONX_Model& model) {
+  ON_Layer& layer = model.m_layer_table.emplace_back();
+  layer.m_name = "layer";
+  layer.m_id = Id(1);
+  layer.SetUserString("key", "value");
+  ON_Material& material = model.m_material_table.emplace_back();
+  material.m_name = "material";
+  material.m_textures.resize(2);
+  material.m_textures[0].m_image_file = "C:\\textures\\wood.png";
+  ON_Linetype& linetype = model.m_linetype_table.emplace_back();
+  linetype.m_name = "dashes";
+  linetype.m_segments = {{2, false}, {1, true}};
+  model.m_group_table.push_back({Id(2), "group", 1});
+  ON_InstanceDefinition& definition = model.m_idef_table.emplace_back();
+  definition.m_id = Id(3);
+  definition.m_name = "block";
+  definition.m_object_ids = {Id(4)};
+}
+
+void AddLight(ONX_Model& model) {
+  ONX_ModelLight& light = model.m_light_table.emplace_back();
+  light.m_light = std::make_shared<ON_Light>();
+  light.m_light->m_style = ON_Light::Style::world_spot;
+  light.m_light->m_light_name = "spot";
+}
+
+void AddObject(ONX_Model& model, std::shared_ptr<ON_Geometry> geometry) {
+  ONX_ModelObject& object = model.m_object_table.emplace_back();
+  object.m_geometry = std::move(geometry);
+  object.m_attributes.m_uuid = Id(static_cast<std::uint8_t>(4 + model.m_object_table.size()));
+  object.m_attributes.m_name = "object";
+  object.m_attributes.m_group = {1};
+  object.m_attributes.SetUserString("key", "value");
+}
+
+void AddObjects(ONX_Model& model) {
+  AddObject(model, std::make_shared<ON_Mesh>(MakeBox({{0, 0, 0}, {1, 2, 3}})));
+  auto mesh = std::make_shared<ON_Mesh>(MakeSphere({0, 0, 0}, 1, 6, 4));
+  mesh->m_C.assign(mesh->m_V.size(), ON_Color(10, 20, 30));
+  AddObject(model, std::move(mesh));
+  auto cloud = std::make_shared<ON_PointCloud>();
+  cloud->m_P = {{0, 0, 0}, {1, 1, 1}};
+  AddObject(model, std::move(cloud));
+  AddObject(model, nullptr);
+}
+
+ONX_Model Everything(int version) {
+  ONX_Model model;
+  model.m_3dm_file_version = version;
+  model.m_start_section_comments = "seed";
+  AddViews(model);
+  AddTables(model);
+  AddLight(model);
+  AddObjects(model);
+  model.m_document_user_strings.SetUserString("document", "string");
+  ONX_PlugInData& data = model.m_userdata_table.emplace_back();
+  data.m_plugin_id = Id(9);
+  data.m_bytes = "bytes of a plug-in";
+  return model;
+}
+
+ONX_Model Empty(int version) {
+  ONX_Model model;
+  model.m_3dm_file_version = version;
+  return model;
+}
+
+// The same bytes under another version, whose readers then find old records.
+std::string UnderVersion(std::string bytes, std::string_view version) {
+  constexpr std::size_t kVersionEnd = 32;
+  return bytes.replace(kVersionEnd - version.size(), version.size(), version);
+}
+
+bool Write(const std::string& folder, const char* name, const std::string& bytes) {
+  const std::string path = host::AppendPath(folder, name);
+  if (!bytes.empty() && host::ReplaceFile(path, bytes)) return true;
+  std::fprintf(stderr, "Can't write %s\n", path.c_str());
+  return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: read_model_seeds FOLDER\n");
+    return 2;
+  }
+  const std::string folder = argv[1];
+  const std::string narrow = WriteModel(Everything(4));
+  const std::string wide = WriteModel(Everything(50));
+  const bool ok = Write(folder, "empty_4.3dm", WriteModel(Empty(4))) &&
+                  Write(folder, "empty_50.3dm", WriteModel(Empty(50))) &&
+                  Write(folder, "everything_2.3dm", UnderVersion(narrow, "2")) &&
+                  Write(folder, "everything_4.3dm", narrow) &&
+                  Write(folder, "everything_50.3dm", wide) &&
+                  Write(folder, "everything_80.3dm", UnderVersion(wide, "80")) &&
+                  Write(folder, "cut.3dm", wide.substr(0, wide.size() * 3 / 4));
+  return ok ? 0 : 1;
+}

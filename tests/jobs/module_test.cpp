@@ -1,0 +1,68 @@
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+
+#include <set>
+
+#include "host/command/plugin.h"
+#include "host/command/plugin_module.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+constexpr const char* kModule = ORV_BIN_FOLDER "/RhinoOrv5_x64.rhp";
+
+// The module as a host loads it. It is loaded once: its plug-in object announces itself only then.
+class Module : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    std::string error;
+    module_ = PlugInModule::Load(kModule, error);
+    ASSERT_NE(module_, nullptr) << error;
+  }
+  static void TearDownTestSuite() { module_.reset(); }
+
+  // What the export of that name gives.
+  template <class Value>
+  static Value Call(const char* name) {
+    void* handle = dlopen(kModule, RTLD_NOW | RTLD_LOCAL);
+    void* address = handle == nullptr ? nullptr : dlsym(handle, name);
+    EXPECT_NE(address, nullptr) << name;
+    const Value value = address == nullptr ? Value{} : reinterpret_cast<Value (*)()>(address)();
+    if (handle != nullptr) dlclose(handle);
+    return value;
+  }
+
+  static std::unique_ptr<PlugInModule> module_;
+};
+
+std::unique_ptr<PlugInModule> Module::module_;
+
+TEST_F(Module, HasItsExportsUnderTheirPlainNames) {
+  EXPECT_EQ(Call<int>("RhinoPlugInSdkVersion"), 200909025);
+  EXPECT_EQ(Call<int>("RhinoPlugInSdkServiceRelease"), 201008125);
+  EXPECT_STREQ(Call<const wchar_t*>("RhinoPlugInDeveloperOrganization"), L"RhinoOrv");
+  for (const char* name :
+       {"RhinoPlugInDeveloperAddress", "RhinoPlugInDeveloperCountry", "RhinoPlugInDeveloperPhone",
+        "RhinoPlugInDeveloperFax", "RhinoPlugInDeveloperEmail", "RhinoPlugInDeveloperWebsite",
+        "RhinoPlugInUpdateURL"}) {
+    EXPECT_NE(Call<const wchar_t*>(name), nullptr) << name;
+  }
+}
+
+TEST_F(Module, HasItsCommands) {
+  EXPECT_EQ(module_->PlugIn().PlugInName(), "RhinoOrv");
+  EXPECT_EQ(module_->PlugIn().PlugInFileName(), kModule);
+  std::vector<std::string> names;
+  std::set<ON_UUID> ids;
+  for (const CRhinoCommand* command : module_->PlugIn().Commands()) {
+    names.emplace_back(command->EnglishCommandName());
+    ids.insert(command->CommandUUID());
+    EXPECT_FALSE(command->Description().empty());
+  }
+  EXPECT_THAT(names, ElementsAre("OrvLoadSettings", "OrvSaveSettings", "OrvResetSettings",
+                                 "OrvEnvironmentMap", "OrvVersionIncrement", "OrvWriteArchive"));
+  EXPECT_EQ(ids.size(), names.size());
+}
+
+}  // namespace
