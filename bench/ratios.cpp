@@ -14,7 +14,7 @@ class FastestRuns : public benchmark::ConsoleReporter {
     for (const Run& run : runs) {
       if (run.error_occurred) failed_ = true;
       if (run.error_occurred || run.run_type != Run::RT_Iteration) continue;
-      const double time = run.GetAdjustedRealTime();
+      const double time = run.GetAdjustedCPUTime();
       const auto [fastest, isNew] = seconds_.emplace(run.run_name.function_name, time);
       if (!isNew) fastest->second = std::min(fastest->second, time);
     }

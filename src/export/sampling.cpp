@@ -14,7 +14,7 @@ int PixelSamples(const RenderSettings& settings) {
   const std::int64_t samples = settings.PixelSamples;
   if (!settings.DofEnable || samples * samples >= settings.DofSamples) return settings.PixelSamples;
   const float root = std::sqrt(static_cast<float>(settings.DofSamples));
-  return std::clamp(static_cast<int>(root + 0.5F), 2, 32);
+  return std::clamp(static_cast<int>(std::lround(root)), 2, 32);
 }
 
 }  // namespace

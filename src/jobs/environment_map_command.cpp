@@ -17,7 +17,8 @@ constexpr FilePicker kPicker{
 CCommandOrvEnvironmentMap::CCommandOrvEnvironmentMap(CSceneOutPlugIn& plugIn)
     : COrvCommand(plugIn, "3a0eb2bd-f57a-4735-be3d-ee4a85b0a110"_uuid, "OrvEnvironmentMap",
                   "Sets one map as background of the image, of reflections and of global "
-                  "illumination.") {}
+                  "illumination.",
+                  "Asks for the image file.\n") {}
 
 CommandResult CCommandOrvEnvironmentMap::AskForMap(CRhinoCommandContext& context,
                                                    std::string& map) const {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "host/command/get_string.h"
 #include "host/system/file.h"
@@ -84,12 +85,19 @@ bool PickFileToOpen(CRhinoCommandContext& context, const FilePicker& picker, std
 
 bool PickFileToSave(CRhinoCommandContext& context, const FilePicker& picker, std::string& folder,
                     std::string& file) {
-  const CRhinoFileDialog dialog = DialogFor(picker, folder, file);
-  const auto choice = GetSaveFileName(context, dialog);
-  if (!choice) return false;
-  file = WithChosenExtension(dialog, *choice);
-  folder = FolderOf(file);
-  return true;
+  CRhinoFileDialog dialog = DialogFor(picker, folder, file);
+  for (;;) {
+    const auto choice = GetSaveFileName(context, dialog);
+    if (!choice) return false;
+    std::string name = WithChosenExtension(dialog, *choice);
+    if (name == choice->Path || !host::FileExists(name)) {
+      file = std::move(name);
+      folder = FolderOf(file);
+      return true;
+    }
+    // The dialog has not asked whether that file may be replaced.
+    dialog.FileName = std::move(name);
+  }
 }
 
 CommandResult AskForFileName(CRhinoCommandContext& context, std::string_view prompt,

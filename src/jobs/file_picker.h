@@ -24,7 +24,8 @@ struct FilePicker {
                                   std::string& folder, std::string& file);
 
 // Asks for a file to write, otherwise as PickFileToOpen. The name gets the extension of the chosen
-// filter, unless that filter takes every file.
+// filter, unless that filter takes every file; when there is a file of the name that comes of it,
+// the dialog is shown again with that name.
 [[nodiscard]] bool PickFileToSave(CRhinoCommandContext& context, const FilePicker& picker,
                                   std::string& folder, std::string& file);
 

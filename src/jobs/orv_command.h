@@ -13,12 +13,13 @@ class COrvCommand : public CRhinoCommand {
   ON_UUID CommandUUID() const override { return id_; }
   std::string_view EnglishCommandName() const override { return name_; }
   std::string_view Description() const override { return description_; }
+  std::string_view Usage() const override { return usage_; }
 
  protected:
   // The texts outlive the command.
   COrvCommand(CSceneOutPlugIn& plugIn, const ON_UUID& id, std::string_view name,
-              std::string_view description)
-      : plug_in_(plugIn), id_(id), name_(name), description_(description) {}
+              std::string_view description, std::string_view usage)
+      : plug_in_(plugIn), id_(id), name_(name), description_(description), usage_(usage) {}
 
   CSceneOutPlugIn& PlugIn() const { return plug_in_; }
 
@@ -27,6 +28,7 @@ class COrvCommand : public CRhinoCommand {
   ON_UUID id_;
   std::string_view name_;
   std::string_view description_;
+  std::string_view usage_;
 };
 
 }  // namespace orv

@@ -25,7 +25,8 @@ CommandResult Reported(bool worked, std::string_view message) {
 
 CCommandOrvLoadSettings::CCommandOrvLoadSettings(CSceneOutPlugIn& plugIn)
     : COrvCommand(plugIn, "7b71cc6a-0bd7-4017-8d83-5786898d9686"_uuid, "OrvLoadSettings",
-                  "Replaces the document's render settings by those of a settings file.") {}
+                  "Replaces the document's render settings by those of a settings file.",
+                  "Asks for the settings file (.ors).\n") {}
 
 CommandResult CCommandOrvLoadSettings::RunCommand(CRhinoCommandContext& context) {
   std::string file;
@@ -39,7 +40,8 @@ CommandResult CCommandOrvLoadSettings::RunCommand(CRhinoCommandContext& context)
 
 CCommandOrvSaveSettings::CCommandOrvSaveSettings(CSceneOutPlugIn& plugIn)
     : COrvCommand(plugIn, "fe663c60-8c70-442f-9026-2b3b4ff07aee"_uuid, "OrvSaveSettings",
-                  "Writes the document's render settings to a settings file.") {}
+                  "Writes the document's render settings to a settings file.",
+                  "Asks for the settings file (.ors). An older file of that name is replaced.\n") {}
 
 CommandResult CCommandOrvSaveSettings::RunCommand(CRhinoCommandContext& context) {
   std::string file;
@@ -53,7 +55,8 @@ CommandResult CCommandOrvSaveSettings::RunCommand(CRhinoCommandContext& context)
 
 CCommandOrvResetSettings::CCommandOrvResetSettings(CSceneOutPlugIn& plugIn)
     : COrvCommand(plugIn, "8fa6a70c-be78-4f99-a227-4ad7238fc88a"_uuid, "OrvResetSettings",
-                  "Sets the document's render settings to their defaults.") {}
+                  "Sets the document's render settings to their defaults.",
+                  "Asks for nothing. Settings of the interactive render and of baking stay.\n") {}
 
 CommandResult CCommandOrvResetSettings::RunCommand(CRhinoCommandContext&) {
   PlugIn().StoreSettings(RenderSettings{});

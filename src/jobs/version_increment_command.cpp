@@ -6,7 +6,8 @@ namespace orv {
 
 CCommandOrvVersionIncrement::CCommandOrvVersionIncrement(CSceneOutPlugIn& plugIn)
     : COrvCommand(plugIn, "ccd7c50e-ff8b-4c5e-9e3b-bb89cdc3b257"_uuid, "OrvVersionIncrement",
-                  "Adds one to the version number of scene and image names.") {}
+                  "Adds one to the version number of scene and image names.",
+                  "Asks for nothing.\n") {}
 
 CommandResult CCommandOrvVersionIncrement::RunCommand(CRhinoCommandContext&) {
   int& version = PlugIn().User().Version;

@@ -20,8 +20,12 @@ std::string WithBackslashes(std::string path) {
 }  // namespace
 
 CCommandOrvWriteArchive::CCommandOrvWriteArchive(CSceneOutPlugIn& plugIn)
-    : COrvCommand(plugIn, "33ecff0d-ddab-44f2-a714-683723c31689"_uuid, "OrvWriteArchive",
-                  "Writes the selected objects to a RIB archive.") {}
+    : COrvCommand(
+          plugIn, "33ecff0d-ddab-44f2-a714-683723c31689"_uuid, "OrvWriteArchive",
+          "Writes the selected objects to a RIB archive.",
+          "Archive names the file; $ORVHOME at its start is that environment variable. Materials\n"
+          "tells whether materials are written. Enter writes the file. Select the objects "
+          "first.\n") {}
 
 CommandResult CCommandOrvWriteArchive::AskForArchive(CRhinoCommandContext& context,
                                                      std::string& name) const {

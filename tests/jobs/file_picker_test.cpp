@@ -108,6 +108,18 @@ TEST_F(FilePickerTest, SavedNameGetsTheFiltersExtension) {
   EXPECT_EQ(file_, FolderText() + "new.rib");
 }
 
+TEST_F(FilePickerTest, AsksBeforeAFileIsReplaced) {
+  start_ = FolderText();
+  EXPECT_FALSE(Save({"old ä", "Enter", "No", "!"}));
+  EXPECT_EQ(file_, "");
+  const std::string name = FolderText() + "old ä.rib";
+  EXPECT_TRUE(Save({"old ä", "Enter", "Yes"}));
+  EXPECT_EQ(file_, name);
+  EXPECT_THAT(prompts_, ElementsAre("Write Archive (in " + FolderText() + "): ",
+                                    "Write Archive (in " + FolderText() + ") <" + name + ">: ",
+                                    name + " exists. Replace it? <No> ( Yes  No ): "));
+}
+
 TEST_F(FilePickerTest, SavedNameKeepsItsExtensionWithAllFiles) {
   start_ = FolderText();
   EXPECT_TRUE(Save({"new.txt"}));

@@ -58,7 +58,8 @@ TEST_F(Module, HasItsCommands) {
   for (const CRhinoCommand* command : module_->PlugIn().Commands()) {
     names.emplace_back(command->EnglishCommandName());
     ids.insert(command->CommandUUID());
-    EXPECT_FALSE(command->Description().empty());
+    EXPECT_TRUE(command->Description().ends_with('.')) << command->EnglishCommandName();
+    EXPECT_TRUE(command->Usage().ends_with(".\n")) << command->EnglishCommandName();
   }
   EXPECT_THAT(names, ElementsAre("OrvLoadSettings", "OrvSaveSettings", "OrvResetSettings",
                                  "OrvEnvironmentMap", "OrvVersionIncrement", "OrvWriteArchive"));

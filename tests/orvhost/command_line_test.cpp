@@ -210,6 +210,13 @@ TEST_F(CommandLineTest, ReadOnlyFolderFailsAndKeepsTheOlderFile) {
   std::filesystem::permissions(folder_.File("locked"), std::filesystem::perms(0700));
 }
 
+TEST_F(CommandLineTest, FolderThatTakesNoFilesFails) {
+  WriteMeshes("model.3dm");
+  const ProcessResult result = Run({"model.3dm", "--export", "/proc/out.orib"});
+  EXPECT_EQ(result.status, 3);
+  EXPECT_THAT(result.out, HasSubstr("Unable to export '/proc/out.orib'.\n"));
+}
+
 TEST_F(CommandLineTest, FullStandardOutputFails) {
   options_.output_file = "/dev/full";
   const ProcessResult result = Run({"-c", "DocumentInfo"});

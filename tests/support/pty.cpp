@@ -72,9 +72,12 @@ std::string Pty::WaitFor(std::string_view text) {
 }
 
 int Pty::Wait() {
-  while (Read()) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+  while (std::chrono::steady_clock::now() < end) {
+    pollfd wait = {terminal_, POLLIN, 0};
+    if (poll(&wait, 1, 100) > 0 && !Read()) break;
   }
-  const int status = WaitForChild(pid_);
+  const int status = WaitForChild(pid_, std::chrono::seconds(5));
   pid_ = -1;
   return status;
 }

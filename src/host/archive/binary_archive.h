@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <span>
 #include <string>
@@ -182,6 +183,7 @@ class ON_BinaryArchive {
   template <class T>
   bool ReadValue(T* value);
   bool CheckPackedSize(const CompressedHead& head);
+  std::span<std::byte> HoldStored(std::size_t size);
   bool InflateWhole(std::size_t stored, std::span<std::byte> out);
   bool InflateInPieces(std::size_t stored, std::span<std::byte> out);
   template <class T>
@@ -197,7 +199,8 @@ class ON_BinaryArchive {
   bool failure_told_ = false;
   CompressedHead compressed_;
   std::uint64_t inflated_ = 0;
-  ON_SimpleArray<std::byte> stored_;
+  std::unique_ptr<std::byte, void (*)(void*)> stored_{nullptr, std::free};
+  std::size_t stored_size_ = 0;
 
   std::string written_;
   // Where the bytes begin that aren't part of the open chunk's sum yet.

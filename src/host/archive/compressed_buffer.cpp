@@ -31,6 +31,19 @@ struct FreeCompressor {
   void operator()(libdeflate_compressor* c) const { libdeflate_free_compressor(c); }
 };
 
+// The packed bytes behind the two bytes of a zlib header; empty when it is none. What follows them,
+// a sum of zlib's own, needs no comparing: the content's CRC-32 says more.
+std::span<const std::byte> WithoutZlibHeader(std::span<const std::byte> stream) {
+  constexpr unsigned kDeflateMethod = 8;
+  constexpr unsigned kNeedsDictionary = 0x20;
+  if (stream.size() < 2) return {};
+  const auto method = std::to_integer<unsigned>(stream[0]);
+  const auto flags = std::to_integer<unsigned>(stream[1]);
+  const bool isHeader = (method & 15) == kDeflateMethod && (method * 256 + flags) % 31 == 0 &&
+                        (flags & kNeedsDictionary) == 0;
+  return isHeader ? stream.subspan(2) : std::span<const std::byte>{};
+}
+
 }  // namespace
 
 bool ON_BinaryArchive::CheckPackedSize(const CompressedHead& head) {
@@ -62,29 +75,45 @@ bool ON_BinaryArchive::ReadCompressedBufferSize(std::size_t* size) {
   return true;
 }
 
+// Room for `size` bytes, kept for the next buffer; empty without memory. Growing moves the pages
+// that are there, which takes less time than getting new ones from the system.
+std::span<std::byte> ON_BinaryArchive::HoldStored(std::size_t size) {
+  if (size > stored_size_) {
+    void* grown = std::realloc(stored_.get(), size);
+    if (grown == nullptr) return {};
+    static_cast<void>(stored_.release());
+    stored_.reset(static_cast<std::byte*>(grown));
+    stored_size_ = size;
+  }
+  return {stored_.get(), size};
+}
+
 bool ON_BinaryArchive::InflateWhole(std::size_t stored, std::span<std::byte> out) {
-  if (stored_.size() < stored) stored_ = ON_SimpleArray<std::byte>(stored);
-  const auto in = std::span(stored_).first(stored);
+  const auto in = HoldStored(stored);
+  if (in.size() != stored) return Fail("there is no memory for a compressed buffer");
   if (!ReadByte(in)) return false;
   const std::unique_ptr<libdeflate_decompressor, FreeDecompressor> inflater(
       libdeflate_alloc_decompressor());
+  const auto packed = WithoutZlibHeader(in);
   std::size_t given = 0;
   const bool ok =
-      inflater && libdeflate_zlib_decompress(inflater.get(), in.data(), in.size(), out.data(),
-                                             out.size(), &given) == LIBDEFLATE_SUCCESS;
+      inflater && !packed.empty() &&
+      libdeflate_deflate_decompress(inflater.get(), packed.data(), packed.size(), out.data(),
+                                    out.size(), &given) == LIBDEFLATE_SUCCESS;
   return (ok && given == out.size()) || Fail("a compressed buffer is damaged");
 }
 
 bool ON_BinaryArchive::InflateInPieces(std::size_t stored, std::span<std::byte> out) {
   constexpr std::size_t kPiece = std::size_t{256} << 10;
-  if (stored_.size() < kPiece) stored_ = ON_SimpleArray<std::byte>(kPiece);
+  const auto held = HoldStored(kPiece);
+  if (held.size() != kPiece) return Fail("there is no memory for a compressed buffer");
   z_stream stream{};
   if (inflateInit(&stream) != Z_OK) return Fail("a compressed buffer can't be unpacked");
   const std::unique_ptr<z_stream, decltype(&inflateEnd)> owner(&stream, inflateEnd);
   std::size_t given = 0;
   int state = Z_OK;
   while (stored > 0 && state == Z_OK) {
-    const auto piece = std::span(stored_).first(std::min(stored, kPiece));
+    const auto piece = held.first(std::min(stored, kPiece));
     if (!ReadByte(piece)) return false;
     stored -= piece.size();
     stream.next_in = reinterpret_cast<Bytef*>(piece.data());

@@ -45,7 +45,7 @@ struct Answer {
     text,    // a word or text
     enter,   // Enter: take the default, or end the loop
     cancel,  // `!` or Ctrl-C: end the command
-    end,     // no more input will come: ends the command and the program's loop
+    end,     // no more input will come (Ctrl-D): ends the command, or the program between commands
   };
   Kind kind = Kind::end;
   std::string Text;

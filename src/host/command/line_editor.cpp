@@ -93,6 +93,8 @@ LineEditor::Line LineEditor::Read(const Prompt& prompt) {
   prompt_text_ = prompt.Line();
   std::fflush(out_);
   el_resize(editor_.get());
+  // Before the prompt is shown: keys that are pressed from then on are taken as keys.
+  el_set(editor_.get(), EL_PREP_TERM, 1);
   int length = 0;
   const char* typed = el_gets(editor_.get(), &length);
   if (host::InterruptRequested()) {

@@ -1,6 +1,5 @@
 #include "host/document/doc.h"
 
-#include <unordered_set>
 #include <utility>
 
 #include "host/document/app.h"
@@ -39,8 +38,8 @@ void CRhinoDoc::SetModel(ONX_Model model, std::string path) {
   MakeViews(properties_.settings_);
 }
 
-CRhinoDoc::IdMap CRhinoDoc::AddObjects(std::vector<ONX_ModelObject> objects,
-                                       std::vector<ONX_ModelLight> lights) {
+IdMap<ON_UUID> CRhinoDoc::AddObjects(std::vector<ONX_ModelObject> objects,
+                                     std::vector<ONX_ModelLight> lights) {
   ++content_number_;
   visible_box_.reset();
   const std::size_t count = by_id_.size() + objects.size() + lights.size();
@@ -49,7 +48,7 @@ CRhinoDoc::IdMap CRhinoDoc::AddObjects(std::vector<ONX_ModelObject> objects,
   objects_.reserve(objects_.size() + objects.size());
   lights_.reserve(lights_.size() + lights.size());
 
-  IdMap newIds;
+  IdMap<ON_UUID> newIds;
   const std::size_t first = objects_.size();
   for (ONX_ModelObject& object : objects) {
     const ON_UUID stored = object.m_attributes.m_uuid;
@@ -122,7 +121,7 @@ void CRhinoDoc::GetViewList(std::vector<CRhinoView*>& list, bool model_views,
 void CRhinoDoc::MakeViews(const ON_3dmSettings& settings) {
   const ON_BoundingBox box = BoundingBox();
   views_.clear();
-  std::unordered_set<ON_UUID> ids;
+  IdSet ids;
   const auto isTaken = [&ids](const ON_UUID& id) { return ids.contains(id); };
   for (ON_3dmView view : settings.m_views.empty() ? DefaultViews(box) : settings.m_views) {
     CompleteView(view, box);

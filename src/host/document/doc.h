@@ -10,6 +10,7 @@
 
 #include "host/archive/model.h"
 #include "host/document/file_options.h"
+#include "host/document/id_map.h"
 #include "host/document/object.h"
 #include "host/document/plugin_data.h"
 #include "host/document/tables.h"
@@ -94,10 +95,9 @@ class CRhinoDoc {
   friend class CRhinoObject;
   using ObjectList = std::vector<std::unique_ptr<CRhinoObject>>;
 
-  using IdMap = std::unordered_map<ON_UUID, ON_UUID>;
-
   // Appends the objects. The result has the new id of each object whose stored one was taken.
-  IdMap AddObjects(std::vector<ONX_ModelObject> objects, std::vector<ONX_ModelLight> lights);
+  IdMap<ON_UUID> AddObjects(std::vector<ONX_ModelObject> objects,
+                            std::vector<ONX_ModelLight> lights);
   const ON_UUID& AddObject(ObjectList& list, ONX_ModelObject object);
   void MarkDefinitionMembers();
   void MakeViews(const ON_3dmSettings& settings);
@@ -112,7 +112,7 @@ class CRhinoDoc {
   ObjectList objects_;
   ObjectList lights_;
   unsigned content_number_ = 0;
-  std::unordered_map<ON_UUID, CRhinoObject*> by_id_;
+  IdMap<CRhinoObject*> by_id_;
   std::unordered_map<unsigned, CRhinoObject*> by_serial_number_;
   int selected_count_ = 0;
   // Of the visible objects; empty until it is asked for and after a change.

@@ -2,9 +2,8 @@
 #include <cstdint>
 #include <iterator>
 #include <map>
+#include <set>
 #include <string>
-#include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 #include "host/document/doc.h"
@@ -35,12 +34,12 @@ struct ImportMaps {
   IndexMap materials;
   IndexMap linetypes;
   // By the indices that groups store.
-  std::unordered_map<int, int> groups;
+  std::map<int, int> groups;
 };
 
 // The record's id, or a new one when it is nil or taken; it is then taken.
 template <class Record>
-ON_UUID FreeId(const Record& record, std::size_t position, std::unordered_set<ON_UUID>& taken) {
+ON_UUID FreeId(const Record& record, std::size_t position, IdSet& taken) {
   const auto isTaken = [&taken](const ON_UUID& id) { return taken.contains(id); };
   ON_UUID id = record.m_id;
   if (id.IsNil() || isTaken(id)) id = NewId(static_cast<std::uint32_t>(position), isTaken);
@@ -49,8 +48,8 @@ ON_UUID FreeId(const Record& record, std::size_t position, std::unordered_set<ON
 }
 
 template <class Record>
-std::unordered_set<ON_UUID> IdsOf(const std::vector<Record>& records) {
-  std::unordered_set<ON_UUID> ids;
+IdSet IdsOf(const std::vector<Record>& records) {
+  IdSet ids;
   for (const Record& record : records) ids.insert(record.m_id);
   return ids;
 }
@@ -59,7 +58,7 @@ std::unordered_set<ON_UUID> IdsOf(const std::vector<Record>& records) {
 template <class Table, class Record>
 IndexMap Append(Table& table, std::vector<Record> imported) {
   std::vector<Record> records = table.Records();
-  std::unordered_set<ON_UUID> taken = IdsOf(records);
+  IdSet taken = IdsOf(records);
   IndexMap map;
   for (Record& record : imported) {
     record.m_id = FreeId(record, records.size(), taken);
@@ -70,12 +69,12 @@ IndexMap Append(Table& table, std::vector<Record> imported) {
   return map;
 }
 
-std::unordered_map<int, int> AppendGroups(CRhinoGroupTable& table, std::vector<ON_Group> imported) {
+std::map<int, int> AppendGroups(CRhinoGroupTable& table, std::vector<ON_Group> imported) {
   std::vector<ON_Group> groups = table.Records();
-  std::unordered_set<ON_UUID> taken = IdsOf(groups);
-  std::unordered_set<int> takenIndices;
+  IdSet taken = IdsOf(groups);
+  std::set<int> takenIndices;
   for (const ON_Group& group : groups) takenIndices.insert(group.m_index);
-  std::unordered_map<int, int> map;
+  std::map<int, int> map;
   int next = 0;
   for (ON_Group& group : imported) {
     while (takenIndices.contains(next)) ++next;
@@ -141,7 +140,7 @@ class LayerMerger {
 
   const CRhinoLayerTable& imported_;
   std::vector<ON_Layer> layers_;
-  std::unordered_set<ON_UUID> taken_;
+  IdSet taken_;
   std::vector<int> merged_;
   std::map<Place, int> by_place_;
 };
@@ -200,7 +199,8 @@ void CRhinoDoc::ImportModel(ONX_Model model) {
     light.m_span = {};
   }
   const std::size_t first = objects_.size();
-  const IdMap newIds = AddObjects(std::move(model.m_object_table), std::move(model.m_light_table));
+  const IdMap<ON_UUID> newIds =
+      AddObjects(std::move(model.m_object_table), std::move(model.m_light_table));
   for (ON_InstanceDefinition& definition : model.m_idef_table) {
     for (ON_UUID& id : definition.m_object_ids) {
       const auto found = newIds.find(id);

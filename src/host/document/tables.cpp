@@ -101,7 +101,6 @@ std::string CRhinoLayerTable::FullPath(int index) const {
 }
 
 CRhinoGroupTable::CRhinoGroupTable(std::vector<ON_Group> groups) : CRhinoTable(std::move(groups)) {
-  by_stored_index_.reserve(records_.size());
   for (std::size_t i = 0; i < records_.size(); ++i) {
     by_stored_index_.emplace(records_[i].m_index, i);
   }

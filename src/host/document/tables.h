@@ -1,12 +1,12 @@
 #pragma once
 
-#include <optional>
+#include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "host/document/id_map.h"
 #include "host/geometry/on_tables.h"
 
 // A table of a document. An index is a position in it.
@@ -61,7 +61,7 @@ class CRhinoLayerTable : public CRhinoTable<ON_Layer> {
   bool HasFullPath(int index, std::string_view path) const;
 
   std::vector<Place> places_;
-  std::unordered_map<ON_UUID, int> by_id_;
+  IdMap<int> by_id_;
 };
 
 class CRhinoGroupTable : public CRhinoTable<ON_Group> {
@@ -73,7 +73,7 @@ class CRhinoGroupTable : public CRhinoTable<ON_Group> {
   const ON_Group* FindGroup(int stored_index) const;
 
  private:
-  std::unordered_map<int, std::size_t> by_stored_index_;
+  std::map<int, std::size_t> by_stored_index_;
 };
 
 using CRhinoMaterialTable = CRhinoTable<ON_Material>;

@@ -14,19 +14,13 @@
 #include <limits>
 #include <system_error>
 
-#include "host/system/powers_of_ten.h"
+#include "host/system/six_digits.h"
 
 namespace host {
 namespace {
 
-__extension__ using Wide = unsigned __int128;
-
-constexpr int kDigits = 6;
-constexpr std::uint64_t kLimit = 1'000'000;  // the first number with more than kDigits digits
-
-constexpr int kMantissaBits = 52;
-constexpr int kExponentBias = 1023;
-constexpr std::uint64_t kExponentMask = 0x7FF;
+using six_digits::kDigits;
+using six_digits::kLimit;
 
 // The three digits of each number below 1000 as text, the first in the lowest byte.
 constexpr auto kTriples = [] {
@@ -37,20 +31,19 @@ constexpr auto kTriples = [] {
   return triples;
 }();
 
-// A number with its six digits as text, the first in the lowest byte: d.ddddd times 10^exponent.
-struct Decimal {
-  std::uint64_t digits;
-  int exponent;
-};
-
-std::uint64_t DigitText(std::uint64_t number) {
+// A number below kLimit as six digits, the first in the lowest byte.
+std::uint64_t DigitText(std::uint32_t number) {
   return kTriples[number / 1000] | std::uint64_t{kTriples[number % 1000]} << 24;
 }
 
-// How many of the six digits are left without the trailing zeros; 1 at least.
-int SignificantDigits(std::uint64_t digits) {
-  const std::uint64_t values = digits & 0x0F0F0F0F0F0Fu;
-  return static_cast<int>(std::bit_width(values | 1) + 7) / 8;
+// The values of the digits.
+std::uint64_t DigitValues(std::uint64_t digits) {
+  return digits & 0x0F0F0F0F0F0Fu;
+}
+
+// The place of the last digit that is not 0; 0 when there is none.
+int LastPlace(std::uint64_t digits) {
+  return (63 - std::countl_zero(DigitValues(digits) | 1)) / 8;
 }
 
 // How a number is laid out whose exponent calls for the fixed notation: `kept` marks the digits
@@ -60,7 +53,7 @@ struct FixedLayout {
   std::uint64_t kept = ~std::uint64_t{0};
   std::uint64_t point = 0;
   int lead = 0;
-  std::array<std::uint8_t, 8> length{};  // by the count of significant digits
+  std::array<std::uint8_t, kDigits> length{};  // by the place of the last digit that is not 0
 };
 
 constexpr int kLowestFixed = -4;
@@ -77,10 +70,10 @@ constexpr auto kFixedLayouts = [] {
       layout.kept = (std::uint64_t{1} << 8 * whole) - 1;
       layout.point = std::uint64_t{'.'} << 8 * whole;
     }
-    for (int count = 0; count < 8; ++count) {
-      const int length =
-          exponent < 0 ? layout.lead + count : std::max(count + (count > whole), whole);
-      layout.length[static_cast<std::size_t>(count)] = static_cast<std::uint8_t>(length);
+    for (int place = 0; place < kDigits; ++place) {
+      const int count = place + 1;
+      const int length = exponent < 0 ? layout.lead + count : count > whole ? count + 1 : whole;
+      layout.length[static_cast<std::size_t>(place)] = static_cast<std::uint8_t>(length);
     }
   }
   return layouts;
@@ -93,78 +86,41 @@ void Store(char* out, Word text) {
   std::memcpy(out, &text, sizeof text);
 }
 
-char* WriteFixed(const Decimal& decimal, char* out) {
-  const FixedLayout& layout =
-      kFixedLayouts[static_cast<std::size_t>(decimal.exponent - kLowestFixed)];
+// `digits` are those of a number d.ddddd * 10^exponent.
+char* WriteFixed(std::uint64_t digits, int exponent, char* out) {
+  const FixedLayout& layout = kFixedLayouts[static_cast<std::size_t>(exponent - kLowestFixed)];
   constexpr std::uint64_t kLead = 0x3030303030302E30;  // "0.000000"
-  const std::uint64_t kept = decimal.digits & layout.kept;
+  const std::uint64_t kept = digits & layout.kept;
   Store(out, kLead);
-  Store(out + layout.lead, kept | layout.point | (decimal.digits & ~layout.kept) << 8);
-  return out + layout.length[static_cast<std::size_t>(SignificantDigits(decimal.digits))];
+  Store(out + layout.lead, kept | layout.point | (digits & ~layout.kept) << 8);
+  return out + layout.length[static_cast<std::size_t>(LastPlace(digits))];
 }
 
-char* WriteExponential(const Decimal& decimal, char* out) {
-  const int count = SignificantDigits(decimal.digits);
-  Store(out, (decimal.digits & 0xFF) | '.' << 8 | (decimal.digits & ~std::uint64_t{0xFF}) << 8);
-  out += count > 1 ? count + 1 : 1;
+char* WriteExponential(std::uint64_t digits, int exponent, char* out) {
+  const std::uint64_t first = digits & 0xFF;
+  Store(out, first | '.' << 8 | (digits ^ first) << 8);
+  const int last = LastPlace(digits);
+  out += last == 0 ? 1 : last + 2;
   *out++ = 'e';
-  *out++ = decimal.exponent < 0 ? '-' : '+';
-  const std::uint32_t exponent = kTriples[static_cast<std::size_t>(std::abs(decimal.exponent))];
-  const int skipped = std::abs(decimal.exponent) < 100 ? 1 : 0;
-  Store(out, exponent >> 8 * skipped);
+  *out++ = exponent < 0 ? '-' : '+';
+  const int magnitude = std::abs(exponent);
+  const int skipped = magnitude < 100 ? 1 : 0;
+  Store(out, kTriples[static_cast<std::size_t>(magnitude)] >> 8 * skipped);
   return out + 3 - skipped;
 }
 
-char* WriteDecimal(const Decimal& decimal, char* out) {
-  const bool fixed = decimal.exponent >= kLowestFixed && decimal.exponent <= kHighestFixed;
-  return fixed ? WriteFixed(decimal, out) : WriteExponential(decimal, out);
-}
-
-// Infinities, numbers that are none, subnormals, and what the quick way leaves undecided.
-// `magnitude` has no sign.
-[[gnu::noinline]] char* WriteExactly(std::uint64_t magnitude, char* out) {
-  return std::to_chars(out, out + kMaxGLength - 1, std::bit_cast<double>(magnitude),
-                       std::chars_format::general, kDigits)
+// For what is no ordinary number and for a rounding that is not decided. `bits` are those of a
+// double; the sign is left out.
+[[gnu::noinline]] char* WriteExactly(std::uint64_t bits, char* out) {
+  const double magnitude = std::bit_cast<double>(bits << 1 >> 1);
+  return std::to_chars(out, out + kMaxGLength - 1, magnitude, std::chars_format::general, kDigits)
       .ptr;
 }
 
-// The largest e with 10^e <= 2^binary.
-constexpr int DecimalExponent(int binary) {
-  return (binary * 1262611) >> 22;
-}
-
-// Scales mantissa * 2^(binary - 63), mantissa >= 2^63, by a power of ten to six digits before the
-// point and rounds there. False when the product, whose error is below two units of its upper half,
-// is too close to the middle between two numbers.
-bool RoundToDigits(std::uint64_t mantissa, int binary, std::uint64_t& number, int& exponent) {
-  exponent = DecimalExponent(binary);
-  const int next = exponent + 1;
-  exponent += static_cast<int>(PowersOfTen::Exponent(next) == binary) &
-              static_cast<int>(mantissa >= kPowersOfTen.Mantissa(next));
-  const int power = kDigits - 1 - exponent;
-  const Wide product = Wide{mantissa} * kPowersOfTen.Mantissa(power);
-  const auto high = static_cast<std::uint64_t>(product >> 64);
-  const int shift = 62 - binary - PowersOfTen::Exponent(power);
-  const std::uint64_t half = std::uint64_t{1} << (shift - 1);
-  const std::uint64_t fraction = high & (2 * half - 1);
-  number = ((high >> (shift - 1)) + 1) >> 1;
-  if (fraction - (half - 1) <= 1) [[unlikely]] {
-    if (!PowersOfTen::IsExact(power)) return false;
-    const bool tie = fraction == half && static_cast<std::uint64_t>(product) == 0;
-    if (tie) number &= ~std::uint64_t{1};
-  }
-  if (number == kLimit) [[unlikely]] {
-    number /= 10;
-    ++exponent;
-  }
-  return true;
-}
-
-char* WriteWithoutLeadingZeros(std::uint64_t number, char* out) {
+char* WriteWithoutLeadingZeros(std::uint32_t number, char* out) {
   const std::uint64_t digits = DigitText(number);
-  constexpr std::uint64_t kLastDigit = std::uint64_t{0x10} << 8 * (kDigits - 1);
-  const std::uint64_t values = (digits & 0x0F0F0F0F0F0Fu) | kLastDigit;
-  const int zeros = std::countr_zero(values) / 8;
+  constexpr std::uint64_t kLastDigit = std::uint64_t{1} << 8 * (kDigits - 1);
+  const int zeros = std::countr_zero(DigitValues(digits) | kLastDigit) / 8;
   Store(out, digits >> 8 * zeros);
   return out + kDigits - zeros;
 }
@@ -201,20 +157,13 @@ char* FormatG(double value, char* out) {
   const auto bits = std::bit_cast<std::uint64_t>(value);
   *out = '-';
   out += bits >> 63;
-  const std::uint64_t magnitude = bits << 1 >> 1;
-  // Zero goes the way of 1 up to its digits, which spares a branch that would often go wrong.
-  const bool isZero = magnitude == 0;
-  const std::uint64_t taken = isZero ? std::bit_cast<std::uint64_t>(1.0) : magnitude;
-  const std::uint64_t biased = taken >> kMantissaBits;
-  if (biased - 1 >= kExponentMask - 1) [[unlikely]]
-    return WriteExactly(magnitude, out);
-  const std::uint64_t mantissa = taken << (63 - kMantissaBits) | std::uint64_t{1} << 63;
-  std::uint64_t number = 0;
-  int exponent = 0;
-  if (!RoundToDigits(mantissa, static_cast<int>(biased) - kExponentBias, number, exponent)) {
-    return WriteExactly(magnitude, out);
-  }
-  return WriteDecimal({DigitText(number) - (isZero ? 1 : 0), exponent}, out);
+  const six_digits::Rounded rounded = six_digits::Round(bits);
+  if (!rounded.isDecided) [[unlikely]]
+    return WriteExactly(bits, out);
+  const std::uint64_t digits = DigitText(rounded.number);
+  const bool isFixed = rounded.exponent >= kLowestFixed && rounded.exponent <= kHighestFixed;
+  return isFixed ? WriteFixed(digits, rounded.exponent, out)
+                 : WriteExponential(digits, rounded.exponent, out);
 }
 
 std::string FormatG(double value) {

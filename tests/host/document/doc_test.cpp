@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdint>
+#include <cstring>
 #include <set>
 
 #include "host/document/object_iterator.h"
@@ -188,6 +190,21 @@ TEST(Document, ALightIsAnObjectOfTypeLight) {
   EXPECT_NE(ON_Light::Cast(doc.Lights()[0]->Geometry()), nullptr);
   EXPECT_EQ(doc.Lights()[1]->Geometry(), nullptr);
   EXPECT_EQ(doc.Lights()[1]->ObjectType(), ON_ObjectType::light);
+}
+
+// A file may choose ids that any simple hash puts into one place.
+TEST(Document, IdsThatAreMadeToCollideAreFoundQuickly) {
+  constexpr std::uint64_t kCount = 100000;
+  ONX_Model model;
+  model.m_object_table.resize(kCount);
+  for (std::uint64_t i = 0; i < kCount; ++i) {
+    const std::uint64_t halves[2] = {(i + 1) * 0x9E3779B97F4A7C15U, i + 1};
+    std::memcpy(model.m_object_table[i].m_attributes.m_uuid.bytes.data(), halves, sizeof(halves));
+  }
+  const auto start = std::chrono::steady_clock::now();
+  CRhinoDoc doc;
+  doc.SetModel(std::move(model), "");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
 // A million objects are walked, asked whether they are visible and selected without a search for
