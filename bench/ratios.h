@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-// Two benchmarks whose times are compared: how many times as long `slow` takes as `fast`. What counts
-// is processor time, the kernel's for writing files included, so that other programs that run on the
-// machine matter less.
+// Two benchmarks whose times are compared: how many times as long `slow` takes as `fast`. What
+// counts is processor time, the kernel's for writing files included, so that other programs that
+// run on the machine matter less.
 struct Ratio {
   std::string title;
   std::string slow;

@@ -1,5 +1,9 @@
 #include "export/mesh_writer.h"
 
+#include <array>
+#include <cstring>
+#include <vector>
+
 #include "export/weld.h"
 
 namespace orv {
@@ -59,29 +63,75 @@ void WriteVertexColors(RibWriter& writer, const ON_Mesh& mesh) {
   RibPrintf(writer, "] ");
 }
 
+// The texts of a vertex channel. A corner's text is that of its vertex, and neighbouring faces
+// share vertices: the last texts are kept, so that most are formatted once and then copied.
+//
+// `write` writes the text of a vertex, at most three numbers, and returns its end.
+template <class Write>
+class CornerTexts {
+ public:
+  explicit CornerTexts(Write write) : write_(write), kept_(kKept) {}
+
+  // Writes the text of `vertex` with room for kRoom bytes; its end.
+  char* Append(int vertex, char* out) {
+    Text& text = kept_[static_cast<std::size_t>(vertex) % kKept];
+    if (text.vertex != vertex) {
+      text.length = static_cast<int>(write_(vertex, text.bytes.data()) - text.bytes.data());
+      text.vertex = vertex;
+    }
+    std::memcpy(out, text.bytes.data(), text.bytes.size());
+    return out + text.length;
+  }
+
+ private:
+  static constexpr std::size_t kKept = 4096;
+  static constexpr std::size_t kRoom = 3 * host::kMaxGLength;
+
+  struct Text {
+    int vertex = -1;
+    int length = 0;
+    std::array<char, kRoom> bytes;
+  };
+
+  Write write_;
+  std::vector<Text> kept_;
+};
+
+// The first three corners of a face are one group, the fourth of a quad another.
+template <class Write>
+void WriteCorners(RibWriter& writer, const ON_Mesh& mesh, Write write) {
+  CornerTexts texts(write);
+  for (const ON_MeshFace& face : mesh.m_F) {
+    RibGroup(writer, [&](char* out) {
+      for (int i = 0; i < 3; ++i) out = texts.Append(face.vi[i], out);
+      return out;
+    });
+    if (face.IsTriangle()) continue;
+    RibGroup(writer, [&](char* out) { return texts.Append(face.vi[3], out); });
+  }
+}
+
+char* AppendNumber(double number, char* out) {
+  out = host::FormatG(number, out);
+  *out++ = ' ';
+  return out;
+}
+
 void WriteCornerNormals(RibWriter& writer, const ON_Mesh& mesh) {
   RibPrintf(writer, " \"facevarying normal N\" [ ");
-  for (const ON_MeshFace& face : mesh.m_F) {
-    const ON_3fVector& a = mesh.m_N[face.vi[0]];
-    const ON_3fVector& b = mesh.m_N[face.vi[1]];
-    const ON_3fVector& c = mesh.m_N[face.vi[2]];
-    const ON_3fVector& d = mesh.m_N[face.vi[3]];
-    RibNumbers(writer, a.x, a.y, a.z, b.x, b.y, b.z, c.x, c.y, c.z);
-    if (!face.IsTriangle()) RibNumbers(writer, d.x, d.y, d.z);
-  }
+  WriteCorners(writer, mesh, [&](int vertex, char* out) {
+    const ON_3fVector& n = mesh.m_N[vertex];
+    return AppendNumber(n.z, AppendNumber(n.y, AppendNumber(n.x, out)));
+  });
   RibPrintf(writer, "] ");
 }
 
 void WriteCornerTexture(RibWriter& writer, const ON_Mesh& mesh) {
   RibPrintf(writer, " \"facevarying float[2] st\" [ ");
-  for (const ON_MeshFace& face : mesh.m_F) {
-    const ON_2fPoint& a = mesh.m_T[face.vi[0]];
-    const ON_2fPoint& b = mesh.m_T[face.vi[1]];
-    const ON_2fPoint& c = mesh.m_T[face.vi[2]];
-    const ON_2fPoint& d = mesh.m_T[face.vi[3]];
-    RibNumbers(writer, a.x, FlippedT(a), b.x, FlippedT(b), c.x, FlippedT(c));
-    if (!face.IsTriangle()) RibNumbers(writer, d.x, FlippedT(d));
-  }
+  WriteCorners(writer, mesh, [&](int vertex, char* out) {
+    const ON_2fPoint& st = mesh.m_T[vertex];
+    return AppendNumber(FlippedT(st), AppendNumber(st.x, out));
+  });
   RibPrintf(writer, "]");
 }
 

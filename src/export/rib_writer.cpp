@@ -116,7 +116,7 @@ void RibWriter::BreakLine(const char* textEnd) {
 
 void RibWriter::EndText(char* textEnd) {
   const bool hasPercent = std::find(end_, textEnd, '%') != textEnd;
-  EndNumbers(textEnd);
+  EndGroup(textEnd);
   if (end_ == line_) return;
   hasPercent_ = hasPercent_ || hasPercent;
   if (end_[-1] == '\n') FinishLine();

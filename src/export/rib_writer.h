@@ -10,8 +10,8 @@
 
 namespace orv {
 
-// One RIB stream: an open file and the line that is being put together. RibPrintf, RibNumbers and
-// RibIntegers are its only ways of writing.
+// One RIB stream: an open file and the line that is being put together. RibPrintf and, for the
+// numbers of long arrays, RibNumbers, RibIntegers and RibGroup are its only ways of writing.
 //
 // A statement may be built by several calls; a line ends with the call whose text ends in a line
 // feed. A line that would reach kLineLimit bytes is broken before the text that doesn't fit, and
@@ -52,20 +52,18 @@ class RibWriter {
 
  private:
   friend void RibPrintf(RibWriter& writer, const char* format, ...);
-  template <class... Numbers>
-  friend void RibNumbers(RibWriter& writer, Numbers... numbers);
-  template <class... Numbers>
-  friend void RibIntegers(RibWriter& writer, Numbers... numbers);
+  template <class Write>
+  friend void RibGroup(RibWriter& writer, Write write);
 
   // A text is written in place: where BeginText says, with room for kTextRoom bytes. EndText then
-  // makes it part of the line, EndNumbers one that is short and holds no percent sign or line feed.
+  // makes it part of the line, EndGroup one that is short and holds no percent sign or line feed.
   static constexpr std::size_t kTextRoom = kLineLimit + 64;
 
   char* BeginText() {
     if (end_ == line_) StartLine(Indent);
     return end_;
   }
-  void EndNumbers(char* textEnd) {
+  void EndGroup(char* textEnd) {
     if (textEnd - line_ < kLineLimit) [[likely]] {
       end_ = textEnd;
     } else {
@@ -96,22 +94,29 @@ class RibWriter {
 // off, at a whole character. A null or empty format does nothing.
 [[gnu::format(printf, 2, 3)]] void RibPrintf(RibWriter& writer, const char* format, ...);
 
+// Adds the text that `write` writes to the pointer that it is given, of which it returns the end:
+// 1,000 bytes at most, without percent signs and line feeds. The same as RibPrintf with that text.
+template <class Write>
+void RibGroup(RibWriter& writer, Write write) {
+  writer.EndGroup(write(writer.BeginText()));
+}
+
 // The same as RibPrintf with one "%g " for each number, at many times the speed.
 template <class... Numbers>
 void RibNumbers(RibWriter& writer, Numbers... numbers) {
-  static_assert(sizeof...(numbers) <= 16);
-  char* text = writer.BeginText();
-  ((text = host::FormatG(numbers, text), *text++ = ' '), ...);
-  writer.EndNumbers(text);
+  RibGroup(writer, [&](char* out) {
+    ((out = host::FormatG(numbers, out), *out++ = ' '), ...);
+    return out;
+  });
 }
 
 // The same as RibPrintf with one "%d " for each number.
 template <class... Numbers>
 void RibIntegers(RibWriter& writer, Numbers... numbers) {
-  static_assert(sizeof...(numbers) <= 16);
-  char* text = writer.BeginText();
-  ((text = host::FormatInt(numbers, text), *text++ = ' '), ...);
-  writer.EndNumbers(text);
+  RibGroup(writer, [&](char* out) {
+    ((out = host::FormatInt(numbers, out), *out++ = ' '), ...);
+    return out;
+  });
 }
 
 }  // namespace orv

@@ -1,9 +1,11 @@
 #include "export/weld.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 namespace orv {
 namespace {
@@ -24,42 +26,60 @@ std::uint64_t Hash(ON_3fPoint p) {
   return hash ^ hash >> 32;
 }
 
-// New vertices by position, in a table with open addressing.
+// The lowest vertices of the positions found so far, in a table with open addressing.
 class PositionTable {
  public:
-  // Room for `count` positions.
-  explicit PositionTable(std::size_t count) : slots_(std::bit_ceil(count + count / 2 + 1), kFree) {}
+  explicit PositionTable(std::span<const ON_3fPoint> vertices)
+      : vertices_(vertices), slots_(std::bit_ceil(vertices.size() * 3 / 2 + 1), kFree) {}
 
-  // The slot of the new vertex at `position`, or the free one where it belongs.
-  int& Find(ON_3fPoint position, std::span<const ON_3fPoint> vertices,
-            const std::vector<int>& unique) {
-    const std::size_t mask = slots_.size() - 1;
-    std::size_t i = Hash(position) & mask;
-    while (slots_[i] != kFree && vertices[unique[slots_[i]]] != position) i = (i + 1) & mask;
-    return slots_[i];
+  // Where to look for a position first.
+  int FirstSlot(ON_3fPoint position) const {
+    return static_cast<int>(Hash(position) & (slots_.size() - 1) & std::numeric_limits<int>::max());
+  }
+
+  // Has the processor fetch a slot that will be looked up soon: the table is far larger than its
+  // caches, and waiting for memory is most of the work.
+  void Fetch(int slot) const { __builtin_prefetch(&slots_[slot]); }
+
+  // The slot of the vertex at the position of `vertex`, or the free one where it belongs.
+  int& Find(std::size_t vertex, int firstSlot) {
+    auto slot = static_cast<std::size_t>(firstSlot);
+    while (slots_[slot] != kFree && vertices_[slots_[slot]] != vertices_[vertex]) {
+      slot = (slot + 1) & (slots_.size() - 1);
+    }
+    return slots_[slot];
   }
 
  private:
+  std::span<const ON_3fPoint> vertices_;
   std::vector<int> slots_;
 };
 
 }  // namespace
 
 WeldedVertices WeldVertices(std::span<const ON_3fPoint> vertices) {
+  constexpr std::size_t kAhead = 16;
+  const std::size_t count = vertices.size();
+  PositionTable table(vertices);
   WeldedVertices welded;
-  welded.remap.reserve(vertices.size());
-  welded.unique.reserve(vertices.size());
-  PositionTable table(vertices.size());
-  for (std::size_t old = 0; old < vertices.size(); ++old) {
-    const int next = static_cast<int>(welded.unique.size());
+  // Holds the first slot of each vertex until its new index is known.
+  std::vector<int>& remap = welded.remap;
+  remap.resize(count);
+  std::transform(vertices.begin(), vertices.end(), remap.begin(),
+                 [&](ON_3fPoint position) { return static_cast<int>(table.FirstSlot(position)); });
+  welded.unique.reserve(count);
+  for (std::size_t old = 0; old < count; ++old) {
+    if (old + kAhead < count) table.Fetch(remap[old + kAhead]);
     int none = kFree;
     // What equals nothing stays out of the table.
-    int& found = HasNan(vertices[old]) ? none : table.Find(vertices[old], vertices, welded.unique);
-    if (found == kFree) {
-      found = next;
-      welded.unique.push_back(static_cast<int>(old));
+    int& lowest = HasNan(vertices[old]) ? none : table.Find(old, remap[old]);
+    if (lowest == kFree) {
+      lowest = static_cast<int>(old);
+      remap[old] = static_cast<int>(welded.unique.size());
+      welded.unique.push_back(lowest);
+    } else {
+      remap[old] = remap[static_cast<std::size_t>(lowest)];
     }
-    welded.remap.push_back(found);
   }
   return welded;
 }

@@ -17,6 +17,8 @@
 #include "host/geometry/on_user_string_list.h"
 #include "host/geometry/on_uuid.h"
 
+struct libdeflate_decompressor;
+
 // A reader and writer of the .3dm container's chunks and primitive values.
 //
 // Reading. Every read is bounded by the innermost open chunk; a read that would leave it, and any
@@ -183,6 +185,9 @@ class ON_BinaryArchive {
   template <class T>
   bool ReadValue(T* value);
   bool CheckPackedSize(const CompressedHead& head);
+  struct FreeInflater {
+    void operator()(libdeflate_decompressor* inflater) const;
+  };
   std::span<std::byte> HoldStored(std::size_t size);
   bool InflateWhole(std::size_t stored, std::span<std::byte> out);
   bool InflateInPieces(std::size_t stored, std::span<std::byte> out);
@@ -201,6 +206,7 @@ class ON_BinaryArchive {
   std::uint64_t inflated_ = 0;
   std::unique_ptr<std::byte, void (*)(void*)> stored_{nullptr, std::free};
   std::size_t stored_size_ = 0;
+  std::unique_ptr<libdeflate_decompressor, FreeInflater> inflater_;
 
   std::string written_;
   // Where the bytes begin that aren't part of the open chunk's sum yet.

@@ -24,9 +24,6 @@ constexpr std::size_t kMinDeflated = 128;
 constexpr std::uint8_t kStoredAsIs = 0;
 constexpr std::uint8_t kDeflated = 1;
 
-struct FreeDecompressor {
-  void operator()(libdeflate_decompressor* d) const { libdeflate_free_decompressor(d); }
-};
 struct FreeCompressor {
   void operator()(libdeflate_compressor* c) const { libdeflate_free_compressor(c); }
 };
@@ -75,6 +72,10 @@ bool ON_BinaryArchive::ReadCompressedBufferSize(std::size_t* size) {
   return true;
 }
 
+void ON_BinaryArchive::FreeInflater::operator()(libdeflate_decompressor* inflater) const {
+  libdeflate_free_decompressor(inflater);
+}
+
 // Room for `size` bytes, kept for the next buffer; empty without memory. Growing moves the pages
 // that are there, which takes less time than getting new ones from the system.
 std::span<std::byte> ON_BinaryArchive::HoldStored(std::size_t size) {
@@ -92,13 +93,12 @@ bool ON_BinaryArchive::InflateWhole(std::size_t stored, std::span<std::byte> out
   const auto in = HoldStored(stored);
   if (in.size() != stored) return Fail("there is no memory for a compressed buffer");
   if (!ReadByte(in)) return false;
-  const std::unique_ptr<libdeflate_decompressor, FreeDecompressor> inflater(
-      libdeflate_alloc_decompressor());
+  if (!inflater_) inflater_.reset(libdeflate_alloc_decompressor());
   const auto packed = WithoutZlibHeader(in);
   std::size_t given = 0;
   const bool ok =
-      inflater && !packed.empty() &&
-      libdeflate_deflate_decompress(inflater.get(), packed.data(), packed.size(), out.data(),
+      inflater_ && !packed.empty() &&
+      libdeflate_deflate_decompress(inflater_.get(), packed.data(), packed.size(), out.data(),
                                     out.size(), &given) == LIBDEFLATE_SUCCESS;
   return (ok && given == out.size()) || Fail("a compressed buffer is damaged");
 }

@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <cerrno>
+#include <cstring>
+
 #include "host/command/command_registry.h"
 #include "support/temp_folder.h"
 
@@ -47,11 +50,11 @@ TEST(PlugInModule, CanBeLoadedAgain) {
 }
 
 TEST(PlugInModule, MissingFileIsRefused) {
-  EXPECT_THAT(Refusal("/no/such/module.rhp"), HasSubstr("No such file or directory"));
+  EXPECT_THAT(Refusal("/no/such/module.rhp"), HasSubstr(std::strerror(ENOENT)));
 }
 
 TEST(PlugInModule, NameWithoutAFolderIsAFileOfThisFolder) {
-  EXPECT_THAT(Refusal("libc.so.6"), HasSubstr("No such file or directory"));
+  EXPECT_THAT(Refusal("libc.so.6"), HasSubstr(std::strerror(ENOENT)));
 }
 
 TEST(PlugInModule, OtherFileIsRefused) {

@@ -204,7 +204,7 @@ TEST(Document, IdsThatAreMadeToCollideAreFoundQuickly) {
   const auto start = std::chrono::steady_clock::now();
   CRhinoDoc doc;
   doc.SetModel(std::move(model), "");
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
 }
 
 // A million objects are walked, asked whether they are visible and selected without a search for
@@ -232,7 +232,7 @@ TEST(Document, AMillionObjectsAreWalkedQuickly) {
   EXPECT_EQ(visible, static_cast<int>(kCount));
   EXPECT_EQ(doc.SelectedCount(), static_cast<int>(kCount));
   EXPECT_TRUE(doc.BoundingBox().IsValid());
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
 }
 
 }  // namespace
