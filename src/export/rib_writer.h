@@ -78,8 +78,9 @@ class RibWriter {
   void MakeRoom();
 
   // Holds complete lines up to line_, then the line up to end_. Behind line_ there is always room
-  // for a whole line, one more text and what a break adds.
-  static constexpr std::size_t kBlockSize = std::size_t{1} << 17;
+  // for a whole line, one more text and what a break adds. Large writes are the cheapest for the
+  // file system.
+  static constexpr std::size_t kBlockSize = std::size_t{1} << 20;
   static constexpr std::size_t kLineRoom = 2 * kTextRoom;
 
   host::FileWriter file_;

@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <numeric>
 #include <random>
 #include <string>
+#include <vector>
 
+#include "export/weld.h"
 #include "export_fixture.h"
 #include "host/system/text.h"
 #include "line_model.h"
@@ -148,30 +151,22 @@ TEST(MeshWriter, StatementIsIndentedAndItsSecondLineToo) {
             "     \"P\" [ 0 0 0 1 0 0 1 1 0 0 1 0 0.5 1.5 0  ]\n");
 }
 
-// The mesh as one text for each group of values, put into lines by the model.
-class PlainMeshModel {
+// The statement of a mesh as one text for each group of values, put into lines by the model.
+class MeshModel {
  public:
-  PlainMeshModel(const ON_Mesh& mesh, int indent) : mesh_(mesh) { lines_.indent = indent; }
+  MeshModel(const ON_Mesh& mesh, int indent) : mesh_(mesh) { lines_.indent = indent; }
 
-  std::string Statement() {
-    lines_.Add("PointsPolygons [ ");
-    for (const ON_MeshFace& face : mesh_.m_F) lines_.Add(face.IsTriangle() ? "3 " : "4 ");
-    lines_.Add("] [");
-    for (const ON_MeshFace& face : mesh_.m_F) {
-      lines_.Add(host::Format("%d %d %d ", face.vi[0], face.vi[1], face.vi[2]));
-      if (!face.IsTriangle()) lines_.Add(host::Format("%d ", face.vi[3]));
-    }
-    lines_.Add("]\n");
+  std::string Plain() {
+    std::vector<int> same(mesh_.m_V.size());
+    std::iota(same.begin(), same.end(), 0);
+    AddFaces(same);
     lines_.Add(" \"P\" [ ");
-    for (const ON_3fPoint& p : mesh_.m_V) lines_.Add(host::Format("%g %g %g ", p.x, p.y, p.z));
-    lines_.Add(" ]");
+    AddPoints(same);
     lines_.Add(" \"N\" [ ");
     for (const ON_3fVector& n : mesh_.m_N) lines_.Add(host::Format("%g %g %g ", n.x, n.y, n.z));
     lines_.Add("] ");
     lines_.Add("\"st\" [ ");
-    for (const ON_2fPoint& st : mesh_.m_T) {
-      lines_.Add(host::Format("%g %g ", st.x, 1 - static_cast<double>(st.y)));
-    }
+    for (int i = 0; i < mesh_.VertexCount(); ++i) lines_.Add(Texture(i));
     lines_.Add("]");
     lines_.Add(" \"Cs\" [ ");
     for (const ON_Color& c : mesh_.m_C) {
@@ -182,7 +177,57 @@ class PlainMeshModel {
     return lines_.written;
   }
 
+  std::string Welded(const WeldedVertices& welded) {
+    lines_.Add(host::Format("# Welded - reduced %d vertices to %d\n", mesh_.VertexCount(),
+                            static_cast<int>(welded.unique.size())));
+    AddFaces(welded.remap);
+    lines_.Add("\"P\" [ ");
+    AddPoints(welded.unique);
+    lines_.Add(" \"facevarying normal N\" [ ");
+    AddCorners([&](int vertex) { return Normal(vertex); });
+    lines_.Add("] ");
+    lines_.Add(" \"facevarying float[2] st\" [ ");
+    AddCorners([&](int vertex) { return Texture(vertex); });
+    lines_.Add("]");
+    lines_.Add("\n");
+    return lines_.written;
+  }
+
  private:
+  std::string Normal(int vertex) const {
+    const ON_3fVector& n = mesh_.m_N[vertex];
+    return host::Format("%g %g %g ", n.x, n.y, n.z);
+  }
+
+  std::string Texture(int vertex) const {
+    const ON_2fPoint& st = mesh_.m_T[vertex];
+    return host::Format("%g %g ", st.x, 1 - static_cast<double>(st.y));
+  }
+
+  void AddFaces(const std::vector<int>& remap) {
+    lines_.Add("PointsPolygons [ ");
+    for (const ON_MeshFace& face : mesh_.m_F) lines_.Add(face.IsTriangle() ? "3 " : "4 ");
+    lines_.Add("] [");
+    AddCorners([&](int vertex) { return host::Format("%d ", remap[vertex]); });
+    lines_.Add("]\n");
+  }
+
+  void AddPoints(const std::vector<int>& vertices) {
+    for (const int vertex : vertices) {
+      const ON_3fPoint& p = mesh_.m_V[vertex];
+      lines_.Add(host::Format("%g %g %g ", p.x, p.y, p.z));
+    }
+    lines_.Add(" ]");
+  }
+
+  template <class Text>
+  void AddCorners(Text text) {
+    for (const ON_MeshFace& face : mesh_.m_F) {
+      lines_.Add(text(face.vi[0]) + text(face.vi[1]) + text(face.vi[2]));
+      if (!face.IsTriangle()) lines_.Add(text(face.vi[3]));
+    }
+  }
+
   const ON_Mesh& mesh_;
   LineModel lines_;
 };
@@ -213,7 +258,22 @@ TEST(MeshWriter, LongArraysAreBrokenBetweenGroups) {
       writer.Indent = indent;
       EXPECT_TRUE(WriteMesh(writer, mesh, false, false));
     });
-    ASSERT_TRUE(stream == PlainMeshModel(mesh, indent).Statement()) << indent;
+    ASSERT_TRUE(stream == MeshModel(mesh, indent).Plain()) << indent;
+  }
+}
+
+// Faces that name vertices far apart and again and again, so that kept texts are replaced and used.
+TEST(MeshWriter, LongArraysOfCornersAreBrokenBetweenGroups) {
+  std::mt19937 random(2);
+  for (int indent = 0; indent < 12; ++indent) {
+    ON_Mesh mesh = RandomMesh(random, 2000 + random() % 8000);
+    for (std::size_t i = 1; i < mesh.m_V.size(); i += 2) mesh.m_V[i] = mesh.m_V[i / 2];
+    const WeldedVertices welded = WeldVertices(mesh.m_V);
+    const std::string stream = Written([&](RibWriter& writer) {
+      writer.Indent = indent;
+      EXPECT_TRUE(WriteMesh(writer, mesh, true, false));
+    });
+    ASSERT_TRUE(stream == MeshModel(mesh, indent).Welded(welded)) << indent;
   }
 }
 

@@ -17,7 +17,7 @@ constexpr std::uint64_t kMaxPacking = 1100;
 // What the buffers of one file may unpack to: this much, and so many times the file's size. Packing
 // far beyond what real documents reach is an attack on memory.
 constexpr std::uint64_t kFreeInflated = std::uint64_t{64} << 20;
-constexpr std::uint64_t kMaxFilePacking = 100;
+constexpr std::uint64_t kMaxFilePacking = 50;
 // Writers leave short buffers as they are.
 constexpr std::size_t kMinDeflated = 128;
 
@@ -53,7 +53,7 @@ bool ON_BinaryArchive::CheckPackedSize(const CompressedHead& head) {
   }
   inflated_ += head.size;
   if (inflated_ > kFreeInflated && inflated_ / kMaxFilePacking > source_->Size()) {
-    return Fail("the compressed buffers unpack to more than 100 times the size of the file");
+    return Fail("the compressed buffers unpack to more than 50 times the size of the file");
   }
   return true;
 }

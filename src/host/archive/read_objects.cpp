@@ -69,8 +69,15 @@ bool ReadObjectPart(ON_BinaryArchive& archive, std::uint32_t typecode, std::int6
 }  // namespace
 
 void UnreadCounter::Add(std::string_view kind) {
-  auto found = std::find_if(kinds_.begin(), kinds_.end(),
-                            [kind](const ONX_UnreadKind& k) { return k.m_name == kind; });
+  // A hostile file may hold as many kinds as objects.
+  constexpr std::size_t kMaxKinds = 100;
+  constexpr std::string_view kOthers = "other kinds";
+  const auto find = [this](std::string_view name) {
+    return std::find_if(kinds_.begin(), kinds_.end(),
+                        [name](const ONX_UnreadKind& k) { return k.m_name == name; });
+  };
+  auto found = find(kind);
+  if (found == kinds_.end() && kinds_.size() >= kMaxKinds) found = find(kind = kOthers);
   if (found == kinds_.end()) found = kinds_.insert(found, {std::string(kind), 0});
   ++found->m_count;
 }

@@ -12,8 +12,8 @@ bool ReadTime(ON_BinaryArchive& archive, std::array<int, 6>& time) {
   for (std::int32_t& part : stored) {
     if (!archive.ReadInt(&part)) return false;
   }
-  const bool isSet = stored[3] > 0 && stored[4] >= 0 && stored[4] < 12 && stored[5] > 0 &&
-                     stored[5] < 10000;
+  const bool isSet =
+      stored[3] > 0 && stored[4] >= 0 && stored[4] < 12 && stored[5] > 0 && stored[5] < 10000;
   time = {};
   if (isSet) time = {stored[5] + 1900, stored[4] + 1, stored[3], stored[2], stored[1], stored[0]};
   return true;

@@ -34,8 +34,8 @@ ON_Viewport::Angles ON_Viewport::GetHalfAngles() const {
 }
 
 // A picture on 35 mm film is 36 mm wide and 24 mm high: half of its smaller side, 12 mm, is to the
-// lens length as the smaller half extent of the frustum is to the near distance. Documents that
-// state lens lengths beside their frustums agree.
+// lens length as the smaller half extent of the frustum is to the near distance. A two-point
+// perspective, which the host measures across the wider side, is not told apart.
 double ON_Viewport::Camera35mmLensLength() const {
   constexpr double kHalfFilmHeight = 12;
   const auto [width, height] = ExtentsOf(m_frustum);

@@ -158,7 +158,7 @@ char* FormatG(double value, char* out) {
   *out = '-';
   out += bits >> 63;
   const six_digits::Rounded rounded = six_digits::Round(bits);
-  if (!rounded.isDecided) [[unlikely]]
+  if (rounded.number >= kLimit) [[unlikely]]
     return WriteExactly(bits, out);
   const std::uint64_t digits = DigitText(rounded.number);
   const bool isFixed = rounded.exponent >= kLowestFixed && rounded.exponent <= kHighestFixed;

@@ -72,7 +72,7 @@ constexpr Binade MakeBinade(int binary) {
 // The two binades of unusual numbers have factors that fit their use: with a zero mantissa the
 // lowest holds 0, whose digits are 0 by the factor 0. The largest factor takes the product beyond
 // all numbers of six digits, which marks subnormals, infinities and what is no number.
-inline constexpr auto kBinadeTable = [] {
+static constexpr auto kBinadeTable = [] {
   std::array<Binade, kBinades> table{};
   for (std::size_t biased = 1; biased + 1 < kBinades; ++biased) {
     table[biased] = MakeBinade(static_cast<int>(biased) - kExponentBias);
@@ -82,13 +82,15 @@ inline constexpr auto kBinadeTable = [] {
   return table;
 }();
 
-// What a number is rounded to: number * 10^(exponent - 5), number below kLimit.
+// What a number is rounded to: number * 10^(exponent - 5).
 struct Rounded {
+  // At least kTenth, or 0. kUndecided when the rounding is not decided.
   std::uint32_t number;
   int exponent;
-  // False when the rounding is not decided; the other members then mean nothing.
-  bool isDecided;
 };
+
+inline constexpr std::uint32_t kTenth = kLimit / 10;
+inline constexpr std::uint32_t kUndecided = kLimit;
 
 // Rounds a double, given by its bits, to the nearest number of six digits, and one in the middle
 // between two to the even one. The sign is left out.
@@ -99,23 +101,22 @@ inline Rounded Round(std::uint64_t bits) {
   const Wide product = Wide{mantissa} * (isUpper ? binade.upperFactor : binade.lowerFactor);
   const auto high = static_cast<std::uint64_t>(product >> 64);
   auto number = static_cast<std::uint32_t>(((high >> (kFractionBits - 1)) + 1) >> 1);
-  int exponent = binade.exponent + (isUpper ? 1 : 0);
+  const int exponent = binade.exponent + (isUpper ? 1 : 0);
 
   // The fraction with its first bit in front; undecided are one half and what is a unit below it.
   constexpr std::uint64_t kHalf = std::uint64_t{1} << 63;
   constexpr std::uint64_t kUnit = std::uint64_t{1} << (64 - kFractionBits);
   const std::uint64_t fraction = high << (64 - kFractionBits);
   if (fraction - (kHalf - kUnit) <= kUnit) [[unlikely]] {
-    if (!binade.isExact) return {0, 0, false};
+    if (!binade.isExact) return {kUndecided, 0};
     const bool isTie = fraction == kHalf && static_cast<std::uint64_t>(product) == 0;
     if (isTie) number &= ~std::uint32_t{1};
   }
   if (number >= kLimit) [[unlikely]] {
-    if (number > kLimit) return {0, 0, false};
-    number = kLimit / 10;
-    ++exponent;
+    if (number > kLimit) return {kUndecided, 0};
+    return {kTenth, exponent + 1};
   }
-  return {number, exponent, true};
+  return {number, exponent};
 }
 
 }  // namespace host::six_digits

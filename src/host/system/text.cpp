@@ -47,9 +47,6 @@ bool IsLowSurrogate(char16_t unit) {
 // The dotted capital I has no simple folding at all.
 char32_t Folded(char32_t codePoint) {
   constexpr char32_t kDottedCapitalI = 0x130;
-  if (codePoint < 0x80) {
-    return codePoint >= 'A' && codePoint <= 'Z' ? codePoint + ('a' - 'A') : codePoint;
-  }
   if (codePoint == kDottedCapitalI) return codePoint;
   utf8proc_int32_t folded[4];
   int lastBoundClass = 0;
@@ -61,6 +58,10 @@ char32_t Folded(char32_t codePoint) {
 
 bool IsAscii(char c) {
   return static_cast<unsigned char>(c) < 0x80;
+}
+
+char FoldedAscii(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
 }
 
 // What is compared: a malformed byte equals only itself.
@@ -77,9 +78,8 @@ bool MatchesStart(std::string_view text, std::string_view prefix, std::size_t& m
   matched = 0;
   for (std::size_t offset = 0; offset < prefix.size();) {
     if (matched == text.size()) return false;
-    if (text[matched] == prefix[offset] && IsAscii(text[matched])) {
-      ++matched;
-      ++offset;
+    if (IsAscii(text[matched]) && IsAscii(prefix[offset])) {
+      if (FoldedAscii(text[matched++]) != FoldedAscii(prefix[offset++])) return false;
       continue;
     }
     std::size_t textLength = 0;

@@ -154,6 +154,22 @@ TEST(BrokenDocument, OnlyTheFirstHundredProblemsAreKept) {
   EXPECT_EQ(model.m_problems.back(), "50 more problems");
 }
 
+TEST(BrokenDocument, OnlyTheFirstHundredUnreadKindsAreKeptApart) {
+  ONX_Model model = SmallModel();
+  model.m_object_table.resize(1);
+  for (int i = 0; i < 150; ++i) {
+    ONX_ModelObject& object = model.m_object_table.emplace_back();
+    object.m_class_id.bytes[0] = 0x77;
+    object.m_class_id.bytes[1] = static_cast<std::uint8_t>(i);
+  }
+  ONX_Model read;
+  EXPECT_TRUE(Read(WriteModel(model), read).ok);
+  EXPECT_EQ(read.m_object_table.size(), 151u);
+  ASSERT_EQ(read.m_unread.size(), 101u);
+  EXPECT_EQ(read.m_unread.back().m_name, "other kinds");
+  EXPECT_EQ(read.m_unread.back().m_count, 50);
+}
+
 TEST(BrokenDocument, AnyByteMayBeWrong) {
   const std::string whole = WriteModel(SmallModel());
   constexpr std::array kFlips{'\x01', '\x80', '\xff'};

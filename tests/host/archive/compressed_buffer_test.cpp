@@ -169,7 +169,7 @@ TEST(CompressedBuffer, BuffersThatUnpackOutOfProportionAreRefused) {
   });
   EXPECT_FALSE(reading.ok);
   EXPECT_THAT(reading.problems,
-              ElementsAre(HasSubstr("unpack to more than 100 times the size of the file")));
+              ElementsAre(HasSubstr("unpack to more than 50 times the size of the file")));
 }
 
 TEST(CompressedBuffer, ArrayOfAnotherCountIsRefused) {
