@@ -46,7 +46,9 @@ int RunProgram(const Arguments& arguments) {
 int main(int argc, char** argv) {
   UseTerminalLetters();
   host::EnsureTempVariable();
+  // A reader that went away and a limit on the size of files are errors of a write, not the end.
   signal(SIGPIPE, SIG_IGN);
+  signal(SIGXFSZ, SIG_IGN);
   const std::span<const char* const> words(argv, static_cast<std::size_t>(argc));
   return FlushedStatus(RunProgram(ParseArguments(words.subspan(argc > 0 ? 1 : 0))));
 }

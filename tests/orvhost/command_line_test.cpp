@@ -136,8 +136,7 @@ TEST_F(CommandLineTest, MissingModelIsToldOnTheStandardError) {
   const ProcessResult result = Run({"none.3dm", "--export", "out.orib"});
   EXPECT_EQ(result.status, 3);
   EXPECT_EQ(result.out, "");
-  EXPECT_THAT(result.err, AllOf(StartsWith("orvhost: Unable to open none.3dm: "),
-                                HasSubstr("No such file or directory")));
+  EXPECT_EQ(result.err, "orvhost: Unable to open none.3dm: No such file or directory\n");
   EXPECT_THAT(Files(), Not(testing::Contains("out.orib")));
 }
 
@@ -145,14 +144,15 @@ TEST_F(CommandLineTest, FolderIsNoModel) {
   std::filesystem::create_directory(folder_.File("models"));
   const ProcessResult result = Run({"models"});
   EXPECT_EQ(result.status, 3);
-  EXPECT_THAT(result.err, StartsWith("orvhost: Unable to open models: "));
+  EXPECT_EQ(result.err, "orvhost: Unable to open models: it is a folder\n");
 }
 
 TEST_F(CommandLineTest, OtherFileIsNoModel) {
   WriteFileContent(folder_.File("model.3dm"), "This is no document.\n");
   const ProcessResult result = Run({"model.3dm"});
   EXPECT_EQ(result.status, 3);
-  EXPECT_THAT(result.err, StartsWith("orvhost: Unable to open model.3dm: "));
+  EXPECT_EQ(result.err,
+            "orvhost: Unable to open model.3dm: it is no 3dm document: it doesn't begin as one\n");
 }
 
 TEST_F(CommandLineTest, ExportWritesEveryVisibleMesh) {

@@ -46,9 +46,12 @@ bool ON_BinaryArchive::Fail(std::string_view what) {
   const std::string where =
       ChunkDepth() == 0 ? ""
                         : host::Format(" of chunk %08x", static_cast<unsigned>(chunk.typecode));
-  problems_.push_back(std::string(what) + " (offset " + std::to_string(source_->Position()) +
-                      where + ")");
+  Tell(std::string(what) + " (offset " + std::to_string(source_->Position()) + where + ")");
   return false;
+}
+
+void ON_BinaryArchive::Tell(std::string problem) {
+  if (problems_.size() < kMaxProblems) problems_.push_back(std::move(problem));
 }
 
 std::vector<std::string> ON_BinaryArchive::TakeProblems() {
@@ -78,9 +81,9 @@ bool ON_BinaryArchive::OpenChunk(std::uint64_t start, const ChunkHeader& header)
   chunk.library_version = library_version_;
   if (length > BytesLeft()) {
     if (ChunkDepth() > 0) return Fail("a chunk leads outside the one around it");
-    problems_.push_back(host::Format("the file ends inside chunk %08x (offset %llu)",
-                                     static_cast<unsigned>(header.typecode),
-                                     static_cast<unsigned long long>(start)));
+    Tell(host::Format("the file ends inside chunk %08x (offset %llu)",
+                      static_cast<unsigned>(header.typecode),
+                      static_cast<unsigned long long>(start)));
     length = BytesLeft();
     chunk.has_sum = false;
     chunk.is_cut = true;
@@ -143,8 +146,8 @@ void ON_BinaryArchive::CheckSum(const Chunk& chunk) {
   const std::uint32_t sum = source_->Sum();
   std::uint32_t stored = 0;
   if (!source_->Read(std::as_writable_bytes(std::span(&stored, 1)))) return;
-  if (stored == sum || problems_.size() >= kMaxProblems) return;
-  problems_.push_back(host::Format(
+  if (stored == sum) return;
+  Tell(host::Format(
       "the check sum of chunk %08x is wrong (offset %llu): %08x is stored, the bytes have %08x",
       static_cast<unsigned>(chunk.typecode), static_cast<unsigned long long>(chunk.start),
       static_cast<unsigned>(stored), static_cast<unsigned>(sum)));

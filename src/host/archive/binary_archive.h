@@ -182,6 +182,7 @@ class ON_BinaryArchive {
   bool ReadChunkHeader(ChunkHeader* header);
   bool OpenChunk(std::uint64_t start, const ChunkHeader& header);
   void CheckSum(const Chunk& chunk);
+  void Tell(std::string problem);
   template <class T>
   bool ReadValue(T* value);
   bool CheckPackedSize(const CompressedHead& head);

@@ -146,7 +146,9 @@ bool ON_BinaryArchive::ReadCompressedBuffer(std::span<std::byte> out) {
     if (!EndRead3dmChunk() || !inflated) return Fail("a compressed buffer is damaged");
   }
   if (libdeflate_crc32(0, out.data(), out.size()) != head.sum) {
-    return Fail("the check sum of a compressed buffer's content is wrong");
+    // As with a chunk's sum, what was read stays.
+    Tell("the check sum of a compressed buffer's content is wrong (offset " +
+         std::to_string(CurrentPosition()) + ")");
   }
   return true;
 }

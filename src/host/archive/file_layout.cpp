@@ -33,9 +33,9 @@ int VersionFromField(std::string_view field) {
 
 std::string WhyNotReadable(int version) {
   constexpr const char* kReadable = "versions 2 to 8 can be read";
-  if (version < 0) return Format("has no version in its header (offset 24); %s", kReadable);
+  if (version < 0) return Format("it has no version in its header (offset 24); %s", kReadable);
   const int generation = version < 10 ? version : version / 10;
-  return Format("is a version %d document; %s", generation, kReadable);
+  return Format("it is a version %d document; %s", generation, kReadable);
 }
 
 struct TableKind {
@@ -81,20 +81,20 @@ bool ReadFileStart(ByteSource& source, int* version, std::string* error) {
   const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(source.Size(), kStartSize));
   *version = 0;
   if (size == 0) {
-    *error = "is empty";
+    *error = "it is empty";
     return false;
   }
   if (!source.Read(std::as_writable_bytes(std::span(start)).first(size))) {
-    *error = "can't be read";
+    *error = "it can't be read";
     return false;
   }
   const std::string_view text(start.data(), size);
   if (!text.starts_with(kMagic.substr(0, std::min(size, kMagic.size())))) {
-    *error = "is no 3dm document: it doesn't begin as one";
+    *error = "it is no 3dm document: it doesn't begin as one";
     return false;
   }
   if (size < kStartSize) {
-    *error = Format("ends inside its header (offset %zu)", size);
+    *error = Format("it ends inside its header (offset %zu)", size);
     return false;
   }
   const int found = VersionFromField(text.substr(kMagic.size()));

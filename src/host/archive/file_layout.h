@@ -14,8 +14,8 @@
 namespace host {
 
 // Reads the first bytes of a document. True when its version is one of 2 to 8, given in `version`
-// as the file spells it: 2, 3, 4, 5, 50, 60, 70, 80. Otherwise `error` is the end of a sentence
-// that begins with the file's name: "is a version 1 document; versions 2 to 8 can be read".
+// as the file spells it: 2, 3, 4, 5, 50, 60, 70, 80. Otherwise `error` says why not: "it is a
+// version 1 document; versions 2 to 8 can be read".
 [[nodiscard]] bool ReadFileStart(ByteSource& source, int* version, std::string* error);
 
 // The number of the library that wrote the document, from its properties, wherever they stand: the

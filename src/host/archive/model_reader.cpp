@@ -196,30 +196,29 @@ bool ModelReader::CountRecords(std::uint32_t typecode) {
   return ReadRecords(archive_, [&](const Record&) { unread_.Add(table->record); });
 }
 
-ON_ReadResult ReadModel(ByteSource& source, const std::string& name, ONX_Model& model) {
+ON_ReadResult ReadModel(ByteSource& source, ONX_Model& model) {
   std::string error;
   int version = 0;
-  if (!ReadFileStart(source, &version, &error)) return {false, name + " " + error};
+  if (!ReadFileStart(source, &version, &error)) return {false, error};
   const unsigned libraryVersion = FindLibraryVersion(source, version);
   model.m_3dm_file_version = version;
   model.m_3dm_opennurbs_version = libraryVersion;
   ModelReader reader(source, version, libraryVersion, model);
   if (reader.ReadTables()) return {true, {}};
-  return {false, name + " holds nothing that can be read: " + model.m_problems.front()};
+  return {false, "it holds nothing that can be read: " + model.m_problems.front()};
 }
 
 }  // namespace
 }  // namespace host
 
 ON_ReadResult ON_ReadModel(std::string_view path, ONX_Model& model) {
-  const std::string name(path);
   const host::FileReader file(path);
-  if (!file.IsOpen()) return {false, "Can't open " + name + ": " + file.Error()};
+  if (!file.IsOpen()) return {false, file.Error()};
   ByteSource source(file);
-  return host::ReadModel(source, name, model);
+  return host::ReadModel(source, model);
 }
 
 ON_ReadResult ON_ReadModel(std::span<const std::byte> bytes, ONX_Model& model) {
   ByteSource source(bytes);
-  return host::ReadModel(source, "The document", model);
+  return host::ReadModel(source, model);
 }

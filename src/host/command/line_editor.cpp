@@ -49,9 +49,10 @@ LineEditor::LineEditor(std::string history_path)
   el_set(editor, EL_EDITOR, "emacs");
   el_set(editor, EL_SIGNAL, 0);
   el_set(editor, EL_GETCFN, &LineEditor::ReadCharacter);
+  // The wide form keeps the texts where they are; the narrow one loses its copies of them.
   using CompleteFunction = unsigned char (*)(EditLine*, int);
-  el_set(editor, EL_ADDFN, "orv-complete", "Complete the word",
-         static_cast<CompleteFunction>(&LineEditor::CompleteWord));
+  el_wset(editor, EL_ADDFN, L"orv-complete", L"Complete the word",
+          static_cast<CompleteFunction>(&LineEditor::CompleteWord));
   el_set(editor, EL_BIND, "^I", "orv-complete", nullptr);
   el_set(editor, EL_HIST, history, history_.get());
   LoadHistory();

@@ -1,7 +1,5 @@
 #include "host/geometry/on_uuid.h"
 
-#include <cstring>
-
 namespace {
 
 // Where hyphens stand in the text form.
@@ -45,10 +43,4 @@ std::optional<ON_UUID> ON_UuidFromString(std::string_view text) {
     byte = static_cast<std::uint8_t>(byte << 4 | digit);
   }
   return id;
-}
-
-std::size_t std::hash<ON_UUID>::operator()(const ON_UUID& id) const noexcept {
-  std::uint64_t halves[2];
-  std::memcpy(halves, id.bytes.data(), sizeof(halves));
-  return static_cast<std::size_t>(halves[0] ^ (halves[1] * 0x9E3779B97F4A7C15u));
 }

@@ -4,7 +4,6 @@
 #include <compare>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -41,8 +40,3 @@ consteval ON_UUID operator""_uuid(const char* text, std::size_t length) {
   if (nibble != 32) throw "not a uuid";
   return id;
 }
-
-template <>
-struct std::hash<ON_UUID> {
-  std::size_t operator()(const ON_UUID& id) const noexcept;
-};

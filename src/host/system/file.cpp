@@ -153,7 +153,7 @@ FileReader::FileReader(std::string_view path)
   if (fd_ < 0 || fstat(fd_, &status) != 0) {
     error_ = LastSystemError();
   } else if (!S_ISREG(status.st_mode)) {
-    error_ = S_ISDIR(status.st_mode) ? "is a folder" : "is no regular file";
+    error_ = S_ISDIR(status.st_mode) ? "it is a folder" : "it is no regular file";
     errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
   } else {
     size_ = static_cast<std::uint64_t>(status.st_size);

@@ -52,7 +52,7 @@ class FileReader {
   FileReader(const FileReader&) = delete;
   FileReader& operator=(const FileReader&) = delete;
 
-  // False when the file can't be opened or is no regular file; Error tells why: "is a folder".
+  // False when the file can't be opened or is no regular file; Error tells why: "it is a folder".
   [[nodiscard]] bool IsOpen() const { return fd_ >= 0; }
   [[nodiscard]] const std::string& Error() const { return error_; }
   [[nodiscard]] std::uint64_t Size() const { return size_; }

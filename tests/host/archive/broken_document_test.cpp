@@ -73,7 +73,7 @@ TEST(BrokenDocument, CutBeforeAnyTableItIsAnError) {
   EXPECT_FALSE(result.ok);
   EXPECT_EQ(
       result.error,
-      "The document holds nothing that can be read: comment block at offset 32: the file ends "
+      "it holds nothing that can be read: comment block at offset 32: the file ends "
       "inside chunk 00000001 (offset 32)");
 }
 

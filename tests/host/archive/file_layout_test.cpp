@@ -40,7 +40,7 @@ TEST(FileLayout, MissingFile) {
   ONX_Model model;
   const ON_ReadResult result = ON_ReadModel(folder.File("100%.3dm"), model);
   EXPECT_FALSE(result.ok);
-  EXPECT_EQ(result.error, "Can't open " + folder.File("100%.3dm") + ": No such file or directory");
+  EXPECT_EQ(result.error, "No such file or directory");
 }
 
 TEST(FileLayout, FolderGivenAsAFile) {
@@ -48,7 +48,7 @@ TEST(FileLayout, FolderGivenAsAFile) {
   ONX_Model model;
   const ON_ReadResult result = ON_ReadModel(folder.Path().string(), model);
   EXPECT_FALSE(result.ok);
-  EXPECT_EQ(result.error, "Can't open " + folder.Path().string() + ": is a folder");
+  EXPECT_EQ(result.error, "it is a folder");
 }
 
 TEST(FileLayout, EmptyFile) {
@@ -57,13 +57,13 @@ TEST(FileLayout, EmptyFile) {
   ONX_Model model;
   const ON_ReadResult result = ON_ReadModel(folder.File("empty.3dm"), model);
   EXPECT_FALSE(result.ok);
-  EXPECT_EQ(result.error, folder.File("empty.3dm") + " is empty");
-  EXPECT_EQ(ErrorOf(""), "The document is empty");
+  EXPECT_EQ(result.error, "it is empty");
+  EXPECT_EQ(ErrorOf(""), "it is empty");
 }
 
 TEST(FileLayout, ForeignFile) {
   for (const char* content : {"P", "PK\x03\x04 some archive", "3d geometry file format        4"}) {
-    EXPECT_EQ(ErrorOf(content), "The document is no 3dm document: it doesn't begin as one");
+    EXPECT_EQ(ErrorOf(content), "it is no 3dm document: it doesn't begin as one");
   }
 }
 
@@ -71,21 +71,21 @@ TEST(FileLayout, FileThatEndsInItsHeader) {
   const std::string start = std::string(kMagic) + "      50";
   for (std::size_t size = 1; size < start.size(); ++size) {
     EXPECT_EQ(ErrorOf(start.substr(0, size)),
-              "The document ends inside its header (offset " + std::to_string(size) + ")");
+              "it ends inside its header (offset " + std::to_string(size) + ")");
   }
 }
 
 TEST(FileLayout, VersionsThatCannotBeRead) {
   const std::string magic = kMagic;
   EXPECT_EQ(ErrorOf(magic + "       1"),
-            "The document is a version 1 document; versions 2 to 8 can be read");
+            "it is a version 1 document; versions 2 to 8 can be read");
   EXPECT_EQ(ErrorOf(magic + "      90"),
-            "The document is a version 9 document; versions 2 to 8 can be read");
+            "it is a version 9 document; versions 2 to 8 can be read");
   EXPECT_EQ(ErrorOf(magic + "99999999"),
-            "The document is a version 9999999 document; versions 2 to 8 can be read");
+            "it is a version 9999999 document; versions 2 to 8 can be read");
   for (const char* field : {"        ", "      4x", "     4 0", "      -4"}) {
     EXPECT_EQ(ErrorOf(magic + field),
-              "The document has no version in its header (offset 24); versions 2 to 8 can be read");
+              "it has no version in its header (offset 24); versions 2 to 8 can be read");
   }
 }
 
@@ -96,12 +96,12 @@ TEST(FileLayout, DocumentOfVersionOne) {
   const std::string path = (*corpus / "real" / "v1_three_points.3dm").string();
   const ON_ReadResult result = ON_ReadModel(path, model);
   EXPECT_FALSE(result.ok);
-  EXPECT_EQ(result.error, path + " is a version 1 document; versions 2 to 8 can be read");
+  EXPECT_EQ(result.error, "it is a version 1 document; versions 2 to 8 can be read");
 }
 
 TEST(FileLayout, HeaderWithoutAnythingBehindIt) {
   EXPECT_EQ(ErrorOf(std::string(kMagic) + "      50"),
-            "The document holds nothing that can be read: the file has no end mark (offset 32)");
+            "it holds nothing that can be read: the file has no end mark (offset 32)");
 }
 
 TEST(FileLayout, TablesInAnyOrder) {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <unordered_set>
-
 namespace {
 
 constexpr ON_UUID kId = "7d1f42a6-35c8-4b9e-9c07-5e2a1d60b3f4"_uuid;
@@ -36,12 +34,6 @@ TEST(Uuid, OnlyAllZeroIsNil) {
   EXPECT_TRUE(ON_UUID().IsNil());
   EXPECT_FALSE(kId.IsNil());
   EXPECT_FALSE("00000000-0000-0000-0000-000000000001"_uuid.IsNil());
-}
-
-TEST(Uuid, CanBeAKey) {
-  std::unordered_set<ON_UUID> ids{kId, ON_UUID(), "00000000-0000-0000-0000-000000000001"_uuid};
-  EXPECT_EQ(ids.size(), 3u);
-  EXPECT_TRUE(ids.contains(kId));
 }
 
 }  // namespace

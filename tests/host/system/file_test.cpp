@@ -182,7 +182,7 @@ TEST(FileReader, ReadsAtAnyOffset) {
 TEST(FileReader, RefusesWhatIsNoRegularFile) {
   const TempFolder folder;
   EXPECT_EQ(FileReader(folder.File("none")).Error(), "No such file or directory");
-  EXPECT_EQ(FileReader(folder.Path().string()).Error(), "is a folder");
+  EXPECT_EQ(FileReader(folder.Path().string()).Error(), "it is a folder");
   EXPECT_EQ(FileReader("/dev/null").Error(), "is no regular file");
   EXPECT_FALSE(FileReader(folder.Path().string()).IsOpen());
 }
