@@ -1,10 +1,23 @@
 #include "export/frame.h"
 
+#include <algorithm>
+#include <string>
+
 namespace orv {
+namespace {
+
+// The text on one line: each control character is a blank.
+std::string OnOneLine(std::string text) {
+  const auto isControl = [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; };
+  std::replace_if(text.begin(), text.end(), isControl, ' ');
+  return text;
+}
+
+}  // namespace
 
 void WriteHeaderComments(RibWriter& writer) {
   RibPrintf(writer, "##RenderMan RIB-Structure 1.1\n");
-  RibPrintf(writer, "##Scene %s\n", writer.FileName.c_str());
+  RibPrintf(writer, "##Scene %s\n", OnOneLine(writer.FileName).c_str());
   RibPrintf(writer, "##Creator RhinoOrv %s\n", __DATE__);
   RibPrintf(writer, "##Frames 1\n");
   RibPrintf(writer, "##CapabilitiesNeeded TrimCurves\n");

@@ -49,10 +49,11 @@ std::vector<RIBRhinoObject> FlattenObjects(const ObjectList& objects) {
 
 bool WriteObjects(RibWriter& writer, const std::vector<RIBRhinoObject>& objects) {
   for (const RIBRhinoObject& object : objects) {
+    if (host::InterruptRequested()) return false;
     if (writer.HasError()) return true;
-    if (host::InterruptRequested() || !WriteObject(writer, object)) return false;
+    if (!WriteObject(writer, object)) return false;
   }
-  return true;
+  return !host::InterruptRequested();
 }
 
 }  // namespace orv

@@ -23,7 +23,8 @@ struct RIBRhinoObject {
 std::vector<RIBRhinoObject> FlattenObjects(const ObjectList& objects);
 
 // Writes each visible object, each with a blank line before it. False when a writer has failed or
-// the user has cancelled; an error of the stream ends the walk and is left to the closing.
+// the user has cancelled, even during the last object; an error of the stream ends the walk and is
+// left to the closing.
 [[nodiscard]] bool WriteObjects(RibWriter& writer, const std::vector<RIBRhinoObject>& objects);
 
 }  // namespace orv

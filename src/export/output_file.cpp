@@ -31,18 +31,32 @@ std::string FileBehindLinks(std::string_view path) {
   return {};
 }
 
+bool IsLinkToNothing(const std::filesystem::path& path) {
+  std::error_code failure;
+  return std::filesystem::is_symlink(path, failure) && !std::filesystem::exists(path, failure);
+}
+
+// The file that is moved aside and deleted for the output at `path`; empty for one that stays.
+std::string FileToReplace(std::string_view path) {
+  const std::string file = FileBehindLinks(path);
+  // A '\' in a real folder's or file's name would be taken for a separator, and the path for that
+  // of another file; in the path as given it is one.
+  if (file.find('\\') == std::string::npos) return file;
+  return IsLinkToNothing(host::NativePath(path)) ? std::string() : std::string(path);
+}
+
 }  // namespace
 
 std::string OutputFileName(std::string_view fileName, int frameNumber) {
   const std::string_view name = host::FirstCodePoints(fileName, kLongestFileName);
-  if (frameNumber < 0) return std::string(name);
+  if (frameNumber < 0 || name.empty()) return std::string(name);
   host::PathParts parts = host::SplitPath(name);
   parts.Base += host::Format("_%04d", frameNumber);
   return host::JoinPath(parts);
 }
 
 OlderFile::OlderFile(std::string_view path)
-    : path_(FileBehindLinks(path)),
+    : path_(FileToReplace(path)),
       backupPath_(host::RhinoBackupFile(path_)),
       isOutOfTheWay_(!host::FileExists(path_)) {}
 

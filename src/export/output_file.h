@@ -6,11 +6,12 @@
 namespace orv {
 
 // The path of an export's file: the first 999 characters of `fileName`, with "_0012" at the end of
-// its base name for frame 12. A negative frame number is none.
+// its base name for frame 12. A negative frame number is none; an empty name stays empty.
 std::string OutputFileName(std::string_view fileName, int frameNumber);
 
 // Keeps the older file of an output path until the new one is whole. Only regular files are moved
-// or deleted: a device, a pipe or an open stream such as /dev/stdout stays. Links are followed.
+// or deleted: a device, a pipe or an open stream such as /dev/stdout stays. Links are followed,
+// unless the file behind them has a '\' in its path: then the link itself is replaced.
 class OlderFile {
  public:
   // Moves the file at `path`, if there is one, aside.

@@ -133,7 +133,8 @@ void RibPrintf(RibWriter& writer, const char* format, ...) {
   va_end(arguments);
   const std::string_view cut = host::FirstBytes({begin, text.at}, RibWriter::kLineLimit);
   if (onNewLine && cut == "\n") {
-    writer.end_ = std::copy(cut.begin(), cut.end(), writer.line_);
+    *writer.line_ = '\n';
+    writer.end_ = writer.line_ + 1;
     writer.FinishLine();
   } else {
     writer.EndText(begin + cut.size());

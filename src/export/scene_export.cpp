@@ -69,23 +69,29 @@ bool WriteScene(RibWriter& writer, const Scene& scene) {
   return true;
 }
 
+// Tells why the export has failed: the user has cancelled it, or else what `message` says.
+void TellFailure(std::string_view message) {
+  if (host::InterruptRequested()) message = "Export cancelled.\n";
+  if (!message.empty()) RhinoApp().Print(message);
+}
+
 // Writes the file at `path`. False, with a message, when that fails.
 bool WriteFile(const std::string& path, const Scene& scene, int reparameterize) {
   RibWriter writer(path);
   if (!writer.IsOpen()) {
-    RhinoApp().Print(host::Format("Unable to save %s.\n", path.c_str()));
+    TellFailure(host::Format("Unable to save %s.\n", path.c_str()));
     return false;
   }
   writer.Reparameterize = reparameterize;
   writer.Gamma = scene.settings.RhinoGamma;
   RhinoApp().Print(host::Format("Writing %s\n", path.c_str()));
   if (!WriteScene(writer, scene)) {
-    if (host::InterruptRequested()) RhinoApp().Print("Export cancelled.\n");
+    TellFailure({});
     return false;
   }
   if (!writer.Close()) {
     const std::string cause = host::LastSystemError();
-    RhinoApp().Print(host::Format("Unable to write %s: %s.\n", path.c_str(), cause.c_str()));
+    TellFailure(host::Format("Unable to write %s: %s.\n", path.c_str(), cause.c_str()));
     return false;
   }
   return true;
@@ -100,6 +106,7 @@ bool ReplaceOlderFile(const std::string& path, const Scene& scene, int reparamet
   }
   if (WriteFile(path, scene, reparameterize)) {
     olderFile.Discard();
+    // Failed textures are forgotten.
     return true;
   }
   if (!olderFile.Restore()) {
@@ -116,6 +123,7 @@ int ExportSceneRib(std::string_view fileName, CRhinoDoc& doc,
                    std::string_view /*ignoredText*/, RenderSettings& settings,
                    const IprSettings* iprSettings) {
   ObjectList objects = GatherObjects(doc, writeOptions.Mode(0), settings);
+  // Objects that a bake pass makes maps for.
   const CRhinoView* view = ChooseView(doc, settings.ViewName);
   if (view == nullptr) {
     RhinoApp().Print("There is no view to export.\n");

@@ -1,18 +1,6 @@
 #include "jobs/environment_map_command.h"
 
-#include "jobs/file_picker.h"
-
 namespace orv {
-namespace {
-
-constexpr FilePicker kPicker{
-    "Choose Environment Map",
-    "All files;*.*;Orv Texture Maps (*.tx);*.tx;Portable Network Graphics (*.png);*.png;"
-    "JPEG Interchange Format (*.jpg);*.jpg;Tagged Image File Format (*.tif);*.tif;"
-    "Radiance HDR (*.hdr);*.hdr; Photoshop File Format (*.psd);*.psd;"
-    "SGI Image Format (*.sgi);*.sgi;IES Light Profiles (*.ies);*.ies;"};
-
-}  // namespace
 
 CCommandOrvEnvironmentMap::CCommandOrvEnvironmentMap(CSceneOutPlugIn& plugIn)
     : COrvCommand(plugIn, "3a0eb2bd-f57a-4735-be3d-ee4a85b0a110"_uuid, "OrvEnvironmentMap",
@@ -23,7 +11,8 @@ CCommandOrvEnvironmentMap::CCommandOrvEnvironmentMap(CSceneOutPlugIn& plugIn)
 CommandResult CCommandOrvEnvironmentMap::AskForMap(CRhinoCommandContext& context,
                                                    std::string& map) const {
   if (!context.IsInteractive()) return AskForFileName(context, "Environment map file name", map);
-  const bool picked = PickFileToOpen(context, kPicker, PlugIn().User().EnvironmentDir, map);
+  const bool picked =
+      PickFileToOpen(context, kEnvironmentMapPicker, PlugIn().User().EnvironmentDir, map);
   return picked ? CommandResult::success : CommandResult::failure;
 }
 

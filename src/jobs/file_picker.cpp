@@ -37,10 +37,12 @@ CRhinoFileDialog DialogFor(const FilePicker& picker, const std::string& folder,
   return dialog;
 }
 
-// The chosen path with the extension of the chosen row, unless that takes every file.
+// The chosen path with the extension of the chosen row, unless that takes every file or there is no
+// such row.
 std::string WithChosenExtension(const CRhinoFileDialog& dialog, const CRhinoFileChoice& choice) {
-  const std::string& pattern =
-      dialog.Filters.at(static_cast<std::size_t>(choice.FilterIndex - 1)).Pattern;
+  const auto row = static_cast<std::size_t>(choice.FilterIndex) - 1;
+  if (row >= dialog.Filters.size()) return choice.Path;
+  const std::string& pattern = dialog.Filters[row].Pattern;
   if (pattern.starts_with("*.*")) return choice.Path;
   host::PathParts parts = host::SplitPath(choice.Path);
   parts.Extension = PatternExtension(pattern);

@@ -23,9 +23,9 @@ struct FilePicker {
 [[nodiscard]] bool PickFileToOpen(CRhinoCommandContext& context, const FilePicker& picker,
                                   std::string& folder, std::string& file);
 
-// Asks for a file to write, otherwise as PickFileToOpen. The name gets the extension of the chosen
-// filter, unless that filter takes every file; when there is a file of the name that comes of it,
-// the dialog is shown again with that name.
+// Asks for a file to write, otherwise as PickFileToOpen. The name's extension is replaced by that
+// of the chosen filter, unless that filter takes every file: "set v1.2" becomes "set v1.ors". When
+// there is a file of the name that comes of it, the dialog is shown again with that name.
 [[nodiscard]] bool PickFileToSave(CRhinoCommandContext& context, const FilePicker& picker,
                                   std::string& folder, std::string& file);
 

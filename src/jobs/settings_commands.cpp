@@ -1,15 +1,10 @@
 #include "jobs/settings_commands.h"
 
 #include "host/document/app.h"
-#include "jobs/file_picker.h"
 #include "settings/settings_file.h"
 
 namespace orv {
 namespace {
-
-constexpr std::string_view kFilter = "Orv Rhino Settings (*.ors);*.ors;All Files;*.*;";
-constexpr FilePicker kLoadPicker{"Load Orv Settings", kFilter};
-constexpr FilePicker kSavePicker{"Save Orv Settings", kFilter};
 
 CommandResult ResultOfPicking(bool picked) {
   return picked ? CommandResult::success : CommandResult::failure;
@@ -31,9 +26,9 @@ CCommandOrvLoadSettings::CCommandOrvLoadSettings(CSceneOutPlugIn& plugIn)
 CommandResult CCommandOrvLoadSettings::RunCommand(CRhinoCommandContext& context) {
   std::string file;
   const CommandResult asked =
-      context.IsInteractive()
-          ? ResultOfPicking(PickFileToOpen(context, kLoadPicker, PlugIn().User().SettingsDir, file))
-          : AskForFileName(context, "Load Orv settings from file name", file);
+      context.IsInteractive() ? ResultOfPicking(PickFileToOpen(context, kLoadSettingsPicker,
+                                                               PlugIn().User().SettingsDir, file))
+                              : AskForFileName(context, "Load Orv settings from file name", file);
   if (asked != CommandResult::success) return asked;
   return Reported(LoadSettingsFile(file, PlugIn().UserStrings()), "Unable to load settings.\n");
 }
@@ -46,9 +41,9 @@ CCommandOrvSaveSettings::CCommandOrvSaveSettings(CSceneOutPlugIn& plugIn)
 CommandResult CCommandOrvSaveSettings::RunCommand(CRhinoCommandContext& context) {
   std::string file;
   const CommandResult asked =
-      context.IsInteractive()
-          ? ResultOfPicking(PickFileToSave(context, kSavePicker, PlugIn().User().SettingsDir, file))
-          : AskForFileName(context, "Save Orv settings to file name", file);
+      context.IsInteractive() ? ResultOfPicking(PickFileToSave(context, kSaveSettingsPicker,
+                                                               PlugIn().User().SettingsDir, file))
+                              : AskForFileName(context, "Save Orv settings to file name", file);
   if (asked != CommandResult::success) return asked;
   return Reported(SaveSettingsFile(file, PlugIn().UserStrings()), "Unable to save settings.\n");
 }

@@ -1,8 +1,15 @@
 #pragma once
 
+#include "jobs/file_picker.h"
 #include "jobs/orv_command.h"
 
 namespace orv {
+
+// The dialogs for settings files.
+inline constexpr std::string_view kSettingsFilter =
+    "Orv Rhino Settings (*.ors);*.ors;All Files;*.*;";
+inline constexpr FilePicker kLoadSettingsPicker{"Load Orv Settings", kSettingsFilter};
+inline constexpr FilePicker kSaveSettingsPicker{"Save Orv Settings", kSettingsFilter};
 
 // OrvLoadSettings: replaces the document's settings by those of a settings file.
 class CCommandOrvLoadSettings : public COrvCommand {

@@ -4,13 +4,10 @@
 
 #include "export/scene_export.h"
 #include "host/command/get_option.h"
-#include "jobs/file_picker.h"
 #include "jobs/orv_home.h"
 
 namespace orv {
 namespace {
-
-constexpr FilePicker kPicker{"Write Archive", "RIB Files (*.rib);*.rib;All Files;*.*;"};
 
 std::string WithBackslashes(std::string path) {
   std::replace(path.begin(), path.end(), '/', '\\');
@@ -31,7 +28,7 @@ CommandResult CCommandOrvWriteArchive::AskForArchive(CRhinoCommandContext& conte
                                                      std::string& name) const {
   if (context.IsInteractive()) {
     std::string file = WithBackslashes(name);
-    if (PickFileToSave(context, kPicker, PlugIn().User().RibDir, file)) name = file;
+    if (PickFileToSave(context, kArchivePicker, PlugIn().User().RibDir, file)) name = file;
     return CommandResult::success;
   }
   std::string typed;

@@ -2,9 +2,14 @@
 
 #include <string>
 
+#include "jobs/file_picker.h"
 #include "jobs/orv_command.h"
 
 namespace orv {
+
+// The dialog for the archive.
+inline constexpr FilePicker kArchivePicker{"Write Archive",
+                                           "RIB Files (*.rib);*.rib;All Files;*.*;"};
 
 // OrvWriteArchive: writes the selected objects to a RIB file that other scenes can read in.
 class CCommandOrvWriteArchive : public COrvCommand {

@@ -26,7 +26,7 @@ class Module {
   orv::CSceneOutPlugIn plug_in_;
 };
 
-const Module theModule;
+Module theModule;
 
 }  // namespace
 

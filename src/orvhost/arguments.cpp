@@ -67,6 +67,9 @@ class ArgumentParser {
       TakeExport(Value(name));
     } else if (name == "--plugin") {
       arguments_.PlugIn = Value(name);
+      if (arguments_.PlugIn.empty() && arguments_.Error.empty()) {
+        arguments_.Error = "The name of the plug-in module is empty.";
+      }
     } else if (!has_value_ && (name == "--help" || name == "-h")) {
       arguments_.Help = true;
     } else if (!has_value_ && name == "--version") {

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <optional>
 #include <string>
@@ -11,6 +12,7 @@
 
 #include "host/command/command_runner.h"
 #include "host/command/export_file.h"
+#include "host/command/guarded_call.h"
 #include "host/command/plugin.h"
 #include "host/command/terminal_input.h"
 #include "host/document/app.h"
@@ -33,15 +35,20 @@ void PrintText(std::string_view text) {
   std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
-// What comes from the standard input; nothing when it is too much.
+// What comes from the standard input; nothing, with errno set, when it is too much or can't be
+// read.
 std::optional<std::string> ReadStandardInput() {
   std::string text;
   char buffer[65536];
   std::size_t count = 0;
   while ((count = std::fread(buffer, 1, sizeof buffer, stdin)) > 0) {
     text.append(buffer, count);
-    if (text.size() > kMaxScriptBytes) return std::nullopt;
+    if (text.size() > kMaxScriptBytes) {
+      errno = EFBIG;
+      return std::nullopt;
+    }
   }
+  if (std::ferror(stdin) != 0) return std::nullopt;
   return text;
 }
 
@@ -139,7 +146,8 @@ bool Program::OpenModel() const {
   // What is told while opening is an error message when the opening fails.
   std::string told;
   RhinoApp().CommandWindow().SetSink([&told](std::string_view text) { told += text; });
-  const bool opened = RhinoApp().OpenDocument(arguments_.Model);
+  const bool opened = GuardedCall("Opening " + arguments_.Model, false,
+                                  [this] { return RhinoApp().OpenDocument(arguments_.Model); });
   RhinoApp().CommandWindow().SetSink(PrintText);
   if (opened) {
     RhinoApp().Print(told);

@@ -5,7 +5,7 @@
 namespace orv {
 
 // The map file that a fresh record names: baked.png in the folder that TEMP names, or without a
-// folder when the environment has no TEMP.
+// folder when the environment has no TEMP. The program orvhost sees to it that there is one.
 std::string DefaultBakeImageName();
 
 // The settings of baking. Loaded and stored beside RenderSettings, with its own keys in the

@@ -1,5 +1,7 @@
 #include "settings/settings_file.h"
 
+#include <unordered_map>
+
 #include "host/system/file.h"
 #include "host/system/text.h"
 
@@ -7,7 +9,7 @@ namespace orv {
 namespace {
 
 constexpr std::uint64_t kLargestFile = 16 << 20;
-// Far more than there are settings; each new key is compared with all before it.
+// Far more than there are settings.
 constexpr std::size_t kMostKeys = 4096;
 constexpr std::size_t kLongestLine = 1999;
 constexpr std::size_t kShortestKey = 2;
@@ -15,26 +17,37 @@ constexpr std::size_t kShortestKey = 2;
 // Takes the next line, with its line end, off the start of `text`. A line that is too long is cut
 // between two characters.
 std::string_view TakeLine(std::string_view& text) {
-  const std::size_t end = text.find('\n');
-  std::string_view line = text.substr(0, end == std::string_view::npos ? end : end + 1);
-  line = host::FirstBytes(line, kLongestLine);
+  std::string_view line = host::FirstBytes(text, kLongestLine);
+  const std::size_t end = line.find('\n');
+  if (end != std::string_view::npos) line = line.substr(0, end + 1);
   text.remove_prefix(line.size());
   return line.substr(0, line.find('\0'));
 }
 
-void TakeSetting(std::string_view line, ON_UserStringList& list) {
+// Where the setting with a key stands in a list, by the key's folded form.
+using Places = std::unordered_map<std::string, std::size_t>;
+
+void TakeSetting(std::string_view line, ON_UserStringList& list, Places& places) {
   const std::size_t equals = line.find('=');
   if (equals == std::string_view::npos || equals < kShortestKey) return;
   const std::string_view key = host::Trimmed(line.substr(0, equals));
-  if (!key.empty()) list.SetUserString(key, host::Trimmed(line.substr(equals + 1)));
+  if (key.empty()) return;
+  const std::string_view value = host::Trimmed(line.substr(equals + 1));
+  const auto [place, isNew] = places.try_emplace(host::FoldedCase(key), list.m_e.size());
+  if (isNew) {
+    list.m_e.push_back({std::string(key), std::string(value)});
+  } else {
+    list.m_e[place->second].m_string_value = value;
+  }
 }
 
 }  // namespace
 
 std::optional<ON_UserStringList> SettingsFromText(std::string_view text) {
   ON_UserStringList list;
+  Places places;
   while (!text.empty()) {
-    TakeSetting(TakeLine(text), list);
+    TakeSetting(TakeLine(text), list, places);
     if (list.m_e.size() > kMostKeys) return std::nullopt;
   }
   return list;
@@ -58,7 +71,9 @@ bool LoadSettingsFile(std::string_view path, ON_UserStringList& list) {
 }
 
 bool SaveSettingsFile(std::string_view path, const ON_UserStringList& list) {
-  return host::ReplaceFile(path, TextFromSettings(list));
+  const std::string text = TextFromSettings(list);
+  if (text.size() > kLargestFile || !SettingsFromText(text)) return false;
+  return host::ReplaceFile(path, text);
 }
 
 }  // namespace orv

@@ -14,7 +14,8 @@ namespace orv {
 // read or is no settings file (larger than any, or with too many different keys).
 [[nodiscard]] bool LoadSettingsFile(std::string_view path, ON_UserStringList& list);
 
-// Writes `list` to a file. False when that fails; an older file is then as it was.
+// Writes `list` to a file. False when that fails, and for a list that LoadSettingsFile would not
+// take; an older file is then as it was.
 [[nodiscard]] bool SaveSettingsFile(std::string_view path, const ON_UserStringList& list);
 
 // The settings in the content of a file. A line is taken when its first "=" stands at index 2 or

@@ -15,11 +15,9 @@ class CameraTest : public testing::Test {
   // The camera section of `view`, in a document with a mesh from (0,0,0) to (1,1,0) and one at the
   // height 5.
   std::string Camera(const ON_3dmView& view) {
-    if (!isEmpty_) {
-      model_.m_object_table.push_back(ObjectOf(SquareMesh()));
-      model_.m_object_table.push_back(ObjectOf(SquareMesh(5)));
-    }
-    doc_.SetModel(std::move(model_), "");
+    ONX_Model model = model_;
+    if (!isEmpty_) model.m_object_table = {ObjectOf(SquareMesh()), ObjectOf(SquareMesh(5))};
+    doc_.SetModel(std::move(model), "");
     const CRhinoView opened(view);
     return Written(
         [&](orv::RibWriter& writer) { orv::WriteCamera(writer, opened, doc_, settings_); });
@@ -171,6 +169,19 @@ TEST_F(CameraTest, ACropWindowWithoutEnlargeIsNoMatterOfTheCamera) {
   settings_.UseCropWindow = false;
   settings_.Enlarge = true;
   EXPECT_THAT(Camera(PerspectiveView()), Not(HasSubstr("ScreenWindow")));
+}
+
+TEST_F(CameraTest, AnEnlargedCropOfAParallelViewHasAWindowOfTheViewBeforeItsOwn) {
+  settings_.UseCropWindow = true;
+  settings_.Enlarge = true;
+  settings_.CropWindow = {0.25, 0.75, 0.25, 0.75};
+  EXPECT_EQ(Camera(ParallelView()),
+            "ScreenWindow -20 20 -10 10\n"
+            "Clipping 42.75 52.5\n"
+            "Format 800 400 1\n"
+            "Projection \"orthographic\"\n"
+            "ScreenWindow [-2 2 -0.5 0.5]\n"
+            "ConcatTransform [ 1 0 0 0.0 -0 1 0 0.0 0 0 -1 0.0 -2 -3 50 1.0 ]\n");
 }
 
 class EnlargedCropTest : public CameraTest {

@@ -72,6 +72,46 @@ TEST(ImageOutput, AStereoPairHasTheRightEyeUnderTheSameName) {
             " \"string camera\" \"right\"\n");
 }
 
+TEST(ImageOutput, AStereoPairInFilesOnlyBeginsWithoutAPlusSign) {
+  RenderSettings settings;
+  settings.OrvShow = false;
+  settings.RenderToFile = true;
+  settings.StereoEnable = true;
+  EXPECT_EQ(ImageOutput(settings),
+            "Display \"orv.tif\" \"file\" \"rgba\" \"float[4] quantize\" [0 255 0 255]\n"
+            "Display \"+orv.tif\" \"file\" \"rgba\" \"float[4] quantize\" [0 255 0 255]"
+            " \"string camera\" \"right\"\n");
+}
+
+TEST(ImageOutput, OfAStereoPairOnlyTheImageHasARightEyeAndNoChannel) {
+  RenderSettings settings;
+  settings.StereoEnable = true;
+  settings.UseExtraChannels = true;
+  settings.ExtraChannels = "Depth";
+  EXPECT_EQ(ImageOutput(settings),
+            std::string(kDeclarations) +
+                "Display \"orv.tif\" \"framebuffer\" \"rgba\" \"float[4] quantize\""
+                " [0 255 0 255]\n"
+                "Display \"+orv.tif\" \"framebuffer\" \"rgba\" \"float[4] quantize\""
+                " [0 255 0 255] \"string camera\" \"right\"\n"
+                "Display \"+orv_z.tif\" \"framebuffer\" \"z\" \"float[4] quantize\""
+                " [0 255 0 255]\n");
+}
+
+TEST(ImageOutput, AStereoPairInOneFileHasTheChannelsOfBothEyes) {
+  RenderSettings settings;
+  settings.StereoEnable = true;
+  settings.UseExtraChannels = true;
+  settings.SingleImageFile = true;
+  settings.ExtraChannels = "Depth";
+  EXPECT_EQ(ImageOutput(settings),
+            std::string(kDeclarations) +
+                "Display \"orv.tif\" \"framebuffer\" \"rgba,z\" \"float[4] quantize\""
+                " [0 255 0 255]\n"
+                "Display \"+orv.tif\" \"framebuffer\" \"rgba,z\" \"float[4] quantize\""
+                " [0 255 0 255] \"string camera\" \"right\"\n");
+}
+
 TEST(ImageOutput, ThePrecisionIsTheQuantization) {
   RenderSettings settings;
   settings.DisplayMode = "rgb";
@@ -109,6 +149,18 @@ TEST(ImageOutput, WithoutAnImageNameTheSceneFilesNameHolds) {
   EXPECT_EQ(NameInDisplay(settings, "scene.v2.rib"), "scene.v2.tif");
   settings.FrameNumber = 7;
   EXPECT_EQ(NameInDisplay(settings, "scene_0007.rib"), "scene_0007_#4f.tif");
+}
+
+TEST(ImageOutput, TheSceneFilesNameHoldsWithoutDriveAndFolder) {
+  RenderSettings settings;
+  settings.ImageName = "";
+  settings.FrameNumber = 7;
+  EXPECT_EQ(Written([&](RibWriter& writer) {
+              writer.FileName = "C:\\t\\scene_0007.rib";
+              orv::WriteImageOutput(writer, settings, {});
+            }),
+            "Display \"scene_0007_#4f.tif\" \"framebuffer\" \"rgba\" \"float[4] quantize\""
+            " [0 255 0 255]\n");
 }
 
 TEST(ImageOutput, AnImageOfASequenceHasTheFrameToken) {

@@ -80,6 +80,18 @@ TEST(MeshWriter, SubdivisionMeshHasTextureButNoNormals) {
             "\"st\" [ 0 1 0.5 1 0.5 0.5 0 0.5 0.25 0.25 ]\n");
 }
 
+TEST(MeshWriter, SubdivisionMeshKeepsItsColours) {
+  ON_Mesh mesh = HouseMesh();
+  AddNormals(mesh);
+  AddColors(mesh);
+  EXPECT_EQ(MeshStream(mesh, false, true),
+            "SubdivisionMesh \"catmull-clark\" [ 3 4 ] [2 4 3 0 1 2 3 ]\n"
+            " [\"interpolateboundary\"] [1 0] [1] [0]\n"
+            " \"P\" [ 0 0 0 1 0 0 1 1 0 0 1 0 0.5 1.5 0  ]"
+            " \"Cs\" [ 1 0 0.501961 1 0.2 0.501961 1 0.4 0.501961 1 0.6 0.501961 "
+            "1 0.8 0.501961 ] \n");
+}
+
 TEST(MeshWriter, WeldWithoutDuplicatesWritesTheCommentAndThePlainForm) {
   ON_Mesh mesh = HouseMesh();
   AddNormals(mesh);

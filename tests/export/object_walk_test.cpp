@@ -2,6 +2,11 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <fstream>
+#include <iterator>
+#include <thread>
 
 #include "export_fixture.h"
 #include "host/geometry/on_point_cloud.h"
@@ -83,6 +88,29 @@ TEST_F(ObjectWalkTest, EndsWhenTheUserCancels) {
   model_.m_object_table = {ObjectOf(SquareMesh())};
   host::RequestInterrupt();
   EXPECT_THAT(Walk(false), Not(HasSubstr("PointsPolygons")));
+}
+
+// The stream is a pipe, whose reader cancels when the last object has begun to come.
+TEST_F(ObjectWalkTest, CancellingDuringTheLastObjectCounts) {
+  auto mesh = SquareMesh();
+  mesh->m_V.resize(200000, ON_3fPoint{0.123456F, 1.23456F, 12.3456F});
+  model_.m_object_table = {ObjectOf(mesh)};
+  doc_.SetModel(std::move(model_), "");
+  const TempFolder folder;
+  const std::string pipe = folder.File("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::thread reader([&] {
+    std::ifstream stream(pipe, std::ios::binary);
+    stream.get();
+    host::RequestInterrupt();
+    std::string(std::istreambuf_iterator<char>(stream), {});
+  });
+  orv::RibWriter writer(pipe);
+  const auto objects = orv::FlattenObjects(orv::GatherObjects(doc_, false, orv::RenderSettings()));
+  EXPECT_FALSE(orv::WriteObjects(writer, objects));
+  EXPECT_FALSE(writer.HasError());
+  EXPECT_TRUE(writer.Close());
+  reader.join();
 }
 
 }  // namespace

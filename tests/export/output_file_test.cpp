@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "host/system/text.h"
 #include "support/temp_folder.h"
@@ -31,6 +33,11 @@ TEST(OutputFileName, AFrameNumberStandsBehindTheBaseName) {
 
 TEST(OutputFileName, ANegativeFrameNumberIsNone) {
   EXPECT_EQ(OutputFileName("C:\\t\\a.rib", -1), "C:\\t\\a.rib");
+}
+
+TEST(OutputFileName, AnEmptyNameStaysEmpty) {
+  EXPECT_EQ(OutputFileName("", -1), "");
+  EXPECT_EQ(OutputFileName("", 12), "");
 }
 
 TEST(OutputFileName, ALongNameIsCutAtACharacter) {
@@ -136,6 +143,100 @@ TEST(OlderFile, ALinkToNothingStays) {
   EXPECT_TRUE(older.Restore());
   EXPECT_TRUE(std::filesystem::is_symlink(path));
   EXPECT_EQ(FileCount(folder), 1U);
+}
+
+// A folder whose own name is a\b, which is the working folder, beside a folder a with a folder b.
+class BackslashTest : public testing::Test {
+ protected:
+  BackslashTest() {
+    std::filesystem::create_directory(folder_.Path() / R"(a\b)");
+    std::filesystem::create_directories(folder_.Path() / "a/b");
+    WriteFileContent(folder_.Path() / "a/b/out.rib", "unrelated");
+    std::filesystem::current_path(folder_.Path() / R"(a\b)");
+  }
+  ~BackslashTest() override {
+    std::filesystem::current_path(before_);
+    EXPECT_EQ(FileContent(folder_.Path() / "a/b/out.rib"), "unrelated");
+    const std::filesystem::directory_iterator files(folder_.Path() / "a/b");
+    EXPECT_EQ(std::distance(begin(files), end(files)), 1);
+  }
+
+  static std::vector<std::string> NamesInWorkingFolder() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(".")) {
+      names.push_back(entry.path().filename().string());
+    }
+    return names;
+  }
+
+  TempFolder folder_;
+  std::filesystem::path before_ = std::filesystem::current_path();
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(BackslashTest, InTheWorkingFoldersNameTheOlderFileIsDeletedAtTheEnd) {
+  WriteFileContent("out.rib", "old");
+  OlderFile older("out.rib");
+  EXPECT_TRUE(older.IsOutOfTheWay());
+  EXPECT_EQ(FileContent(older.BackupPath()), "old");
+  WriteFileContent("out.rib", "new");
+  older.Discard();
+  EXPECT_EQ(FileContent("out.rib"), "new");
+  EXPECT_EQ(NamesInWorkingFolder(), Names{"out.rib"});
+}
+
+TEST_F(BackslashTest, InTheWorkingFoldersNameTheOlderFileComesBack) {
+  WriteFileContent("out.rib", "old");
+  OlderFile older("out.rib");
+  WriteFileContent("out.rib", "ne");
+  EXPECT_TRUE(older.Restore());
+  EXPECT_EQ(FileContent("out.rib"), "old");
+  EXPECT_EQ(NamesInWorkingFolder(), Names{"out.rib"});
+}
+
+TEST_F(BackslashTest, InTheWorkingFoldersNameAHalfWrittenFileIsDeleted) {
+  OlderFile older("out.rib");
+  WriteFileContent("out.rib", "ne");
+  EXPECT_TRUE(older.Restore());
+  EXPECT_EQ(NamesInWorkingFolder(), Names{});
+}
+
+// Links in the folder that holds them both, to a file in the folder a\b.
+class LinkToBackslashTest : public BackslashTest {
+ protected:
+  LinkToBackslashTest() { std::filesystem::create_symlink(R"(a\b/out.rib)", link_); }
+
+  std::string link_ = folder_.File("link.rib");
+};
+
+TEST_F(LinkToBackslashTest, TheLinkBecomesTheNewFile) {
+  WriteFileContent("out.rib", "old");
+  OlderFile older(link_);
+  EXPECT_TRUE(older.IsOutOfTheWay());
+  EXPECT_EQ(FileContent(older.BackupPath()), "old");
+  WriteFileContent(link_, "new");
+  older.Discard();
+  EXPECT_EQ(FileContent(link_), "new");
+  EXPECT_EQ(FileContent("out.rib"), "old");
+  EXPECT_FALSE(std::filesystem::is_symlink(older.BackupPath()));
+}
+
+TEST_F(LinkToBackslashTest, TheLinkComesBack) {
+  WriteFileContent("out.rib", "old");
+  OlderFile older(link_);
+  WriteFileContent(link_, "ne");
+  EXPECT_TRUE(older.Restore());
+  EXPECT_TRUE(std::filesystem::is_symlink(link_));
+  EXPECT_EQ(FileContent(link_), "old");
+}
+
+TEST_F(LinkToBackslashTest, ALinkToNothingStays) {
+  OlderFile older(link_);
+  EXPECT_TRUE(older.IsOutOfTheWay());
+  WriteFileContent(link_, "ne");
+  EXPECT_TRUE(older.Restore());
+  EXPECT_TRUE(std::filesystem::is_symlink(link_));
 }
 
 TEST(OlderFile, ALoopOfLinksIsLeftAlone) {

@@ -9,7 +9,9 @@
 
 #include "export/scene_export.h"
 #include "export_fixture.h"
+#include "host/document/app.h"
 #include "host/system/interrupt.h"
+#include "host/system/text.h"
 
 namespace {
 
@@ -76,6 +78,13 @@ class OrdinaryUser {
 
 TEST_F(SceneExportFailureTest, AMissingName) {
   Open();
+  EXPECT_EQ(ExportTo(""), 0);
+  EXPECT_EQ(messages_, "Missing rib file name");
+}
+
+TEST_F(SceneExportFailureTest, AMissingNameOfANumberedFrame) {
+  Open();
+  settings_.FrameNumber = 12;
   EXPECT_EQ(ExportTo(""), 0);
   EXPECT_EQ(messages_, "Missing rib file name");
 }
@@ -182,6 +191,44 @@ TEST_F(SceneExportFailureTest, ACancelledExportLeavesTheOlderFile) {
   EXPECT_EQ(messages_, "Writing " + path + "\nExport cancelled.\n");
   EXPECT_EQ(FileContent(path), "old");
   EXPECT_EQ(FileCount(), 1U);
+}
+
+// The system follows 40 links in a path, and 44 lead to the file: 6 to its folder, 38 in it.
+TEST_F(SceneExportFailureTest, AFileThatCannotBeOpenedLeavesTheOlderFile) {
+  const auto link = [&](const std::string& target, const std::string& name) {
+    std::filesystem::create_symlink(target, folder_.Path() / name);
+  };
+  Open();
+  std::filesystem::create_directory(folder_.Path() / "d0");
+  WriteFileContent(folder_.Path() / "d0/f0", "old");
+  for (int i = 1; i <= 6; ++i) link(host::Format("d%d", i - 1), host::Format("d%d", i));
+  for (int i = 1; i <= 38; ++i) link(host::Format("f%d", i - 1), host::Format("d0/f%d", i));
+  const std::string path = folder_.File("d6/f38");
+  EXPECT_EQ(ExportTo(path), 0);
+  EXPECT_EQ(messages_, "Unable to save " + path + ".\n");
+  EXPECT_EQ(FileContent(folder_.Path() / "d0/f0"), "old");
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path() / "d0/f0.bak"));
+}
+
+// A folder takes the older file's place while the new one is being written.
+TEST_F(SceneExportFailureTest, AnOlderFileThatCannotBePutBackIsNamed) {
+  Open();
+  const std::string path = folder_.File("a.rib");
+  WriteFileContent(path, "old");
+  RhinoApp().CommandWindow().SetSink([&](std::string_view text) {
+    if (messages_.empty()) {
+      std::filesystem::remove(path);
+      std::filesystem::create_directory(path);
+      host::RequestInterrupt();
+    }
+    messages_ += text;
+  });
+  EXPECT_EQ(ExportTo(path), 0);
+  EXPECT_EQ(messages_, "Writing " + path +
+                           "\nExport cancelled.\n"
+                           "The older file is kept as " +
+                           path + ".bak.\n");
+  EXPECT_EQ(FileContent(path + ".bak"), "old");
 }
 
 TEST_F(SceneExportFailureTest, ASuccessLeavesNothingBesideTheFile) {

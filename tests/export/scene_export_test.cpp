@@ -110,6 +110,28 @@ TEST_F(SceneExportTest, AnEmptyArchiveIsAnEmptyFile) {
   EXPECT_EQ(Rib(), "");
 }
 
+TEST_F(SceneExportTest, AnArchiveOfANumberedFrameHasTheNumberInItsNameOnly) {
+  model_.m_object_table = {ObjectOf(SquareMesh())};
+  Open();
+  settings_.ArchiveOnly = true;
+  settings_.FrameNumber = 12;
+  EXPECT_EQ(ExportTo(folder_.File("a.rib")), 1);
+  EXPECT_EQ(FileContent(folder_.File("a_0012.rib")),
+            "\n"
+            "AttributeBegin\n"
+            "  PointsPolygons [ 4 ] [0 1 2 3 ]\n"
+            "   \"P\" [ 0 0 0 1 0 0 1 1 0 0 1 0  ]\n"
+            "AttributeEnd\n");
+}
+
+TEST_F(SceneExportTest, AControlCharacterInTheFilesNameAddsNoLine) {
+  Open();
+  const std::string path = folder_.File("a\nWorldEnd\r\t\x1b\x7f.rib");
+  EXPECT_EQ(ExportTo(path), 1);
+  EXPECT_THAT(FileContent(path),
+              HasSubstr("##Scene " + folder_.File("a WorldEnd    .rib") + "\n##Creator"));
+}
+
 TEST_F(SceneExportTest, OfASelectionHoldsTheSelectedMeshes) {
   model_.m_object_table = {ObjectOf(SquareMesh(1)), ObjectOf(SquareMesh(2))};
   Open();
@@ -142,6 +164,14 @@ TEST_F(SceneExportTest, ABakedMeshHasADisplayOfItsOwn) {
   settings_.BakeEnable = true;
   settings_.BakeMesh = true;
   EXPECT_THAT(Rib(), HasSubstr("\nDisplay \"bakemesh.tif\" \"framebuffer\" \"rgba\"\nOption"));
+}
+
+TEST_F(SceneExportTest, TheDisplayOfABakedMeshStandsWithoutABakeToo) {
+  Open();
+  settings_.BakeMesh = true;
+  settings_.RenderToFile = true;
+  EXPECT_THAT(Rib(), HasSubstr("Exposure 1 1.8\n"
+                               "Display \"bakemesh.tif\" \"framebuffer\" \"rgba\"\nOption"));
 }
 
 TEST_F(SceneExportTest, ABakeOfMapsHasNoImage) {

@@ -27,6 +27,14 @@ CommandTest::~CommandTest() {
   RhinoApp().CommandWindow().SetSink({});
 }
 
+std::vector<std::string> CommandTest::Rows(const orv::FilePicker& picker) {
+  std::vector<std::string> rows;
+  for (const CRhinoFileFilter& filter : orv::FileFiltersFromText(picker.Filter)) {
+    rows.push_back(filter.Description + '|' + filter.Pattern);
+  }
+  return rows;
+}
+
 CommandResult CommandTest::RunWith(CRhinoCommand& command, Form form,
                                    std::vector<std::string> answers) {
   const auto by = form == Form::interactive ? TypedInput::By::person : TypedInput::By::script;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/document/doc.h"
+#include "jobs/file_picker.h"
 #include "jobs/plugin.h"
 #include "support/temp_folder.h"
 #include "support/typed_input.h"
@@ -18,6 +19,9 @@ class CommandTest : public testing::Test {
 
   CommandTest();
   ~CommandTest() override;
+
+  // The rows of a picker's filter, as "description|pattern".
+  static std::vector<std::string> Rows(const orv::FilePicker& picker);
 
   // Runs the command with the answers to its prompts, none of which may be left over.
   template <class Command>

@@ -11,6 +11,23 @@ using testing::ElementsAre;
 
 using EnvironmentMapCommand = CommandTest;
 
+TEST_F(EnvironmentMapCommand, DialogsTitleAndFilters) {
+  EXPECT_EQ(kEnvironmentMapPicker.Title, "Choose Environment Map");
+  EXPECT_THAT(
+      Rows(kEnvironmentMapPicker),
+      ElementsAre("All files|*.*", "Orv Texture Maps (*.tx)|*.tx",
+                  "Portable Network Graphics (*.png)|*.png",
+                  "JPEG Interchange Format (*.jpg)|*.jpg", "Tagged Image File Format (*.tif)|*.tif",
+                  "Radiance HDR (*.hdr)|*.hdr", " Photoshop File Format (*.psd)|*.psd",
+                  "SGI Image Format (*.sgi)|*.sgi", "IES Light Profiles (*.ies)|*.ies"));
+}
+
+TEST_F(EnvironmentMapCommand, DialogBeginsWithTheRowOfAllFiles) {
+  const auto filters = FileFiltersFromText(kEnvironmentMapPicker.Filter);
+  EXPECT_EQ(FileFilterIndex(filters, ""), 1);
+  EXPECT_EQ(FileFilterIndex(filters, "C:\\maps\\sky.psd"), 7);
+}
+
 TEST_F(EnvironmentMapCommand, ScriptedFormSetsAllThreeMaps) {
   plugIn_.UserStrings().SetUserString("GiMode", "3");
   EXPECT_EQ(Run<CCommandOrvEnvironmentMap>(Form::scripted, {"C:\\mäps\\sky one.hdr"}),

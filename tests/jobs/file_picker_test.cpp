@@ -20,10 +20,18 @@ class FilePickerTest : public testing::Test {
 
   bool Open(std::vector<std::string> answers) { return Pick(PickFileToOpen, std::move(answers)); }
   bool Save(std::vector<std::string> answers) { return Pick(PickFileToSave, std::move(answers)); }
+  // The name, without its folder, that comes of what is typed.
+  std::string SavedName(std::string typed) {
+    start_ = FolderText();
+    file_.clear();
+    EXPECT_TRUE(Save({std::move(typed)}));
+    return file_.starts_with(start_) ? file_.substr(start_.size()) : file_;
+  }
 
   std::string FolderText() const { return folder_.Path().string() + "/"; }
 
   TempFolder folder_;
+  FilePicker picker_ = kPicker;
   std::string start_;
   std::string file_;
   std::vector<std::string> prompts_;
@@ -34,7 +42,7 @@ class FilePickerTest : public testing::Test {
     CRhinoDoc doc;
     TypedInput input(std::move(answers));
     CRhinoCommandContext context(doc, input, true);
-    const bool picked = picking(context, kPicker, start_, file_);
+    const bool picked = picking(context, picker_, start_, file_);
     prompts_ = input.Prompts();
     return picked;
   }
@@ -101,11 +109,22 @@ TEST_F(FilePickerTest, DropsTheNameOfAFileThatDoesNotExist) {
 }
 
 TEST_F(FilePickerTest, SavedNameGetsTheFiltersExtension) {
-  start_ = FolderText();
-  EXPECT_TRUE(Save({"new"}));
-  EXPECT_EQ(file_, FolderText() + "new.rib");
-  EXPECT_TRUE(Save({"new.rib"}));
-  EXPECT_EQ(file_, FolderText() + "new.rib");
+  EXPECT_EQ(SavedName("new"), "new.rib");
+  EXPECT_EQ(SavedName("new.rib"), "new.rib");
+  EXPECT_EQ(SavedName("new.RIB"), "new.rib");
+}
+
+TEST_F(FilePickerTest, FiltersExtensionReplacesAnother) {
+  EXPECT_EQ(SavedName("a.txt"), "a.rib");
+  EXPECT_EQ(SavedName("scene v1.2"), "scene v1.rib");
+  EXPECT_EQ(SavedName("a.rib.gz"), "a.rib.rib");
+  EXPECT_EQ(SavedName("a."), "a.rib");
+}
+
+TEST_F(FilePickerTest, ExtensionOfAnotherRowStays) {
+  picker_.Filter = "RIB Files;*.rib;All Files;*.*;Settings;*.ors;";
+  EXPECT_EQ(SavedName("a.ors"), "a.ors");
+  EXPECT_EQ(SavedName("a.txt"), "a.rib");
 }
 
 TEST_F(FilePickerTest, AsksBeforeAFileIsReplaced) {
@@ -121,9 +140,20 @@ TEST_F(FilePickerTest, AsksBeforeAFileIsReplaced) {
 }
 
 TEST_F(FilePickerTest, SavedNameKeepsItsExtensionWithAllFiles) {
+  picker_.Filter = "All Files;*.*;RIB Files;*.rib;";
+  EXPECT_EQ(SavedName("new.txt"), "new.txt");
+  EXPECT_EQ(SavedName("new"), "new");
+}
+
+TEST_F(FilePickerTest, SavedNameStaysWithoutFilters) {
+  picker_.Filter = "";
+  EXPECT_EQ(SavedName("new.txt"), "new.txt");
+}
+
+TEST_F(FilePickerTest, SavedFileNeedsAFolderAndAName) {
   start_ = FolderText();
-  EXPECT_TRUE(Save({"new.txt"}));
-  EXPECT_EQ(file_, FolderText() + "new.txt");
+  EXPECT_TRUE(Save({"newfolder/", "newfolder/a", ".rib", "a"}));
+  EXPECT_EQ(file_, FolderText() + "a.rib");
 }
 
 }  // namespace

@@ -14,6 +14,21 @@ using LoadSettingsCommand = CommandTest;
 using SaveSettingsCommand = CommandTest;
 using ResetSettingsCommand = CommandTest;
 
+TEST_F(SaveSettingsCommand, DialogsTitleAndFilters) {
+  EXPECT_EQ(kSaveSettingsPicker.Title, "Save Orv Settings");
+  EXPECT_THAT(Rows(kSaveSettingsPicker),
+              ElementsAre("Orv Rhino Settings (*.ors)|*.ors", "All Files|*.*"));
+}
+
+TEST_F(SaveSettingsCommand, DialogBeginsWithTheRowOfSettingsFiles) {
+  plugIn_.UserStrings().SetUserString("GiMode", "3");
+  plugIn_.User().SettingsDir = folder_.Path().string();
+  EXPECT_EQ(Run<CCommandOrvSaveSettings>(Form::interactive, {"set v1.2"}), CommandResult::success);
+  EXPECT_EQ(FileContent(folder_.File("set v1.ors")), "GiMode=3\n");
+  EXPECT_EQ(Run<CCommandOrvSaveSettings>(Form::interactive, {"a.txt"}), CommandResult::success);
+  EXPECT_EQ(FileContent(folder_.File("a.ors")), "GiMode=3\n");
+}
+
 TEST_F(SaveSettingsCommand, ScriptedFormAsksForAName) {
   plugIn_.UserStrings().SetUserString("GiMode", "3");
   EXPECT_EQ(Run<CCommandOrvSaveSettings>(Form::scripted, {folder_.File("mein ä.ors")}),
@@ -42,6 +57,12 @@ TEST_F(SaveSettingsCommand, CancelledPromptAndDialog) {
   EXPECT_EQ(Run<CCommandOrvSaveSettings>(Form::scripted, {"!"}), CommandResult::cancel);
   EXPECT_EQ(Run<CCommandOrvSaveSettings>(Form::interactive, {"!"}), CommandResult::failure);
   EXPECT_EQ(messages_, "");
+}
+
+TEST_F(LoadSettingsCommand, DialogsTitleAndFilters) {
+  EXPECT_EQ(kLoadSettingsPicker.Title, "Load Orv Settings");
+  EXPECT_THAT(Rows(kLoadSettingsPicker),
+              ElementsAre("Orv Rhino Settings (*.ors)|*.ors", "All Files|*.*"));
 }
 
 TEST_F(LoadSettingsCommand, ScriptedFormAsksForAName) {

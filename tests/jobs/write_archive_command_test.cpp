@@ -92,6 +92,30 @@ TEST_F(WriteArchiveCommand, NameMayBeginWithTheHomeVariable) {
   EXPECT_THAT(FileContent(folder_.File("b.rib")), HasSubstr("PointsPolygons"));
 }
 
+TEST_F(WriteArchiveCommand, HomeVariableMayHaveBackslashes) {
+  const ScopedEnvironment home("ORVHOME", WithBackslashes(folder_.Path().string()));
+  std::filesystem::create_directory(folder_.File("sub"));
+  EXPECT_EQ(
+      Run<CCommandOrvWriteArchive>(Form::scripted, {"Archive", "$ORVHOME\\sub/b.rib", "Enter"}),
+      CommandResult::success);
+  EXPECT_EQ(messages_, "Writing " + WithBackslashes(folder_.File("sub/b.rib")) + "\n");
+  EXPECT_THAT(FileContent(folder_.File("sub/b.rib")), HasSubstr("PointsPolygons"));
+}
+
+TEST_F(WriteArchiveCommand, NameMayMixSeparators) {
+  std::filesystem::create_directory(folder_.File("sub"));
+  const std::string name = folder_.Path().string() + "\\sub/b.rib";
+  EXPECT_EQ(Run<CCommandOrvWriteArchive>(Form::scripted, {"Archive", name, "Enter"}),
+            CommandResult::success);
+  EXPECT_EQ(messages_, "Writing " + WithBackslashes(folder_.File("sub/b.rib")) + "\n");
+  EXPECT_THAT(FileContent(folder_.File("sub/b.rib")), HasSubstr("PointsPolygons"));
+}
+
+TEST_F(WriteArchiveCommand, DialogsTitleAndFilters) {
+  EXPECT_EQ(kArchivePicker.Title, "Write Archive");
+  EXPECT_THAT(Rows(kArchivePicker), ElementsAre("RIB Files (*.rib)|*.rib", "All Files|*.*"));
+}
+
 TEST_F(WriteArchiveCommand, CancelledAndEmptyPromptsEndTheCommand) {
   EXPECT_EQ(Run<CCommandOrvWriteArchive>(Form::scripted, {"!"}), CommandResult::cancel);
   EXPECT_EQ(Run<CCommandOrvWriteArchive>(Form::scripted, {"Archive", "!"}), CommandResult::cancel);

@@ -39,6 +39,7 @@ TEST_F(CommandLineTest, WrongUsageIsStatus64) {
       {{"-c"}, "Option -c needs a value."},
       {{"a.3dm", "b.3dm"}, "Only one document can be opened, not 'b.3dm' too."},
       {{""}, "The name of the document is empty."},
+      {{"--plugin", ""}, "The name of the plug-in module is empty."},
       {{"a.3dm", "--export", "a.txt"},
        "--export takes a file that ends in .orib or .rib, not 'a.txt'."},
   };
@@ -231,6 +232,22 @@ TEST_F(CommandLineTest, ModuleIsNamedByAnOption) {
   EXPECT_EQ(Run({"--plugin", ORV_BIN_FOLDER "/RhinoOrv5_x64.rhp", "-c", "SelNone"}).status, 0);
 }
 
+TEST_F(CommandLineTest, UnfitModulesAreRefused) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"test_module_without_url", "it does not export RhinoPlugInUpdateURL."},
+      {"test_module_old_sdk",
+       "its RhinoPlugInSdkVersion is 200612125, and this host needs 200909025."},
+  };
+  for (const auto& [name, reason] : rows) {
+    const std::string module = ORV_BIN_FOLDER "/" + name + ".rhp";
+    const ProcessResult result = Run({"--plugin", module, "-c", "SelAll"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err,
+              "orvhost: The plug-in module " + module + " can't be used: " + reason + "\n");
+  }
+}
+
 TEST_F(CommandLineTest, ModuleIsFoundBesideTheProgramOrInItsLibraryFolder) {
   const ProcessOptions options = options_;
   const auto run = [&](const std::string& program) {
@@ -284,7 +301,7 @@ TEST_F(CommandLineTest, SettingsThatCannotBeLoadedOrSavedFail) {
 TEST_F(CommandLineTest, ArchiveWithoutANameIsToldByTheExport) {
   const ProcessResult result = Run({"-c", "-OrvWriteArchive Enter"});
   EXPECT_EQ(result.status, 0);
-  EXPECT_NE(result.out, "");
+  EXPECT_EQ(result.out, "Missing rib file name");
 }
 
 TEST_F(CommandLineTest, VersionReachesTheProfileAtTheEnd) {

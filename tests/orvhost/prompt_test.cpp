@@ -79,6 +79,16 @@ TEST_F(PromptTest, OptionsAndTheirValuesAreShown) {
   Exit();
 }
 
+TEST_F(PromptTest, TypedFileNameMayHoldANumberSign) {
+  Start();
+  Enter("OrvResetSettings");
+  terminal_->Type("-OrvSaveSettings\r");
+  terminal_->WaitFor("Save Orv settings to file name: ");
+  Enter("two #2.ors");
+  EXPECT_THAT(FileContent(folder_.File("two #2.ors")), StartsWith("PixelSamples=4\n"));
+  Exit();
+}
+
 TEST_F(PromptTest, DialogsAreAskedForAsPaths) {
   Start();
   Enter("OrvResetSettings");

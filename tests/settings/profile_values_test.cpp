@@ -49,6 +49,8 @@ TEST(ProfileValues, ThreadsAreHeld) {
   EXPECT_EQ(Loaded("IprThreads=9\n").IprThreads, 8);
   EXPECT_EQ(Loaded("IprThreads=-4\n").IprThreads, 1);
   EXPECT_EQ(Loaded("Threads=8\n").Threads, 8);
+  EXPECT_EQ(Loaded("Threads=99999999999\n").Threads, 8);
+  EXPECT_EQ(Loaded("Threads=-99999999999\n").Threads, 1);
 }
 
 TEST(ProfileValues, VersionIsNotHeld) {

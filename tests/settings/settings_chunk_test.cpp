@@ -69,6 +69,14 @@ TEST(SettingsChunk, OpeningReplacesTheList) {
   EXPECT_EQ(outcome.entries, stored);
 }
 
+TEST(SettingsChunk, OfAKeyStoredTwiceTheFirstHolds) {
+  const Entries stored{{"GiMode", "3"},  {"Surface", "a"}, {"GiMode", "4"},
+                       {"SURFACE", "b"}, {"Größe", "1"},   {"GRÖßE", "2"}};
+  const Outcome outcome = Read(Written(List(stored)), false);
+  EXPECT_TRUE(outcome.read);
+  EXPECT_EQ(outcome.entries, (Entries{{"GiMode", "3"}, {"Surface", "a"}, {"Größe", "1"}}));
+}
+
 TEST(SettingsChunk, MergingDropsTheStoredList) {
   const Outcome outcome = Read(Written(List({{"GiMode", "3"}})), true);
   EXPECT_TRUE(outcome.read);

@@ -1,6 +1,9 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <map>
+#include <set>
 #include <sstream>
 
 #include "settings/profile_values.h"
@@ -8,21 +11,81 @@
 #include "support/scoped_environment.h"
 #include "support/temp_folder.h"
 
-// docs/settings.md names every key with its kind, default and bounds, in the order of the tables.
+// docs/settings.md names every key with its kind, default and bounds: a chapter for each table of
+// the code, parted into tables whose rows keep that order. Its last chapter tells what the export
+// uses.
 namespace orv {
 namespace {
 
-// The rows "| `Key` | kind | default | bounds |" of the reference, without what follows.
-std::vector<std::string> DocumentedRows() {
-  std::istringstream text(FileContent(ORV_TEST_FOLDER "/../../docs/settings.md"));
-  std::vector<std::string> rows;
+constexpr const char* kDocument = ORV_TEST_FOLDER "/../../docs/settings.md";
+constexpr const char* kExportFolder = ORV_TEST_FOLDER "/../../src/export";
+
+// The rows "| `Key` | kind | default | bounds |" of a table, without what follows.
+using Table = std::vector<std::string>;
+
+std::string WithoutMeaning(const std::string& row) {
+  std::size_t end = 0;
+  for (int cell = 0; cell < 4; ++cell) end = row.find('|', end + 1);
+  return row.substr(0, end + 1);
+}
+
+// The tables of each chapter, by its title.
+std::map<std::string, std::vector<Table>> DocumentedTables() {
+  std::istringstream text(FileContent(kDocument));
+  std::map<std::string, std::vector<Table>> chapters;
+  std::string chapter;
   for (std::string line; std::getline(text, line);) {
-    if (!line.starts_with("| `")) continue;
-    std::size_t end = 0;
-    for (int cell = 0; cell < 4; ++cell) end = line.find('|', end + 1);
-    rows.push_back(line.substr(0, end + 1));
+    if (line.starts_with("## ")) chapter = line.substr(3);
+    if (line.starts_with("| Key |")) chapters[chapter].emplace_back();
+    if (line.starts_with("| `")) chapters[chapter].back().push_back(WithoutMeaning(line));
   }
-  return rows;
+  return chapters;
+}
+
+// The tables have the expected rows, each once, and each table in the expected order.
+void ExpectTables(const std::vector<Table>& tables, const Table& expected) {
+  Table documented;
+  for (const Table& table : tables) {
+    auto place = expected.begin();
+    for (const std::string& row : table) {
+      place = std::find(place, expected.end(), row);
+      ASSERT_NE(place, expected.end()) << "wrong, or not in its place: " << row;
+    }
+    documented.insert(documented.end(), table.begin(), table.end());
+  }
+  EXPECT_THAT(documented, testing::UnorderedElementsAreArray(expected));
+}
+
+bool IsPartOfAName(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+}
+
+bool ContainsName(std::string_view text, std::string_view name) {
+  for (std::size_t at = text.find(name); at != std::string_view::npos;
+       at = text.find(name, at + 1)) {
+    const std::size_t end = at + name.size();
+    if (end == text.size() || !IsPartOfAName(text[end])) return true;
+  }
+  return false;
+}
+
+// The keys of render settings that `text` holds between `before` and a character of no name.
+std::set<std::string> KeysIn(std::string_view text, std::string_view before) {
+  std::set<std::string> keys;
+  for (const auto& field : RenderSettingFields()) {
+    if (ContainsName(text, std::string(before) + std::string(field.Key))) {
+      keys.emplace(field.Key);
+    }
+  }
+  return keys;
+}
+
+std::string SourcesOfTheExport() {
+  std::string text;
+  for (const auto& entry : std::filesystem::directory_iterator(kExportFolder)) {
+    if (entry.path().extension() == ".cpp") text += FileContent(entry.path());
+  }
+  return text;
 }
 
 std::string Row(std::string_view key, std::string_view kind, std::string_view value,
@@ -58,8 +121,9 @@ std::string Bound(double value) {
 }
 
 template <class Record>
-void AddRows(std::span<const SettingField<Record>> fields, std::vector<std::string>& rows) {
+Table ExpectedRows(std::span<const SettingField<Record>> fields) {
   const Record defaults;
+  Table rows;
   for (const auto& field : fields) {
     const std::string_view kind =
         std::visit([&](auto member) { return Kind(defaults.*member); }, field.Field);
@@ -68,6 +132,7 @@ void AddRows(std::span<const SettingField<Record>> fields, std::vector<std::stri
                        bounded ? Bound(field.Bounds.Minimum) + " to " + Bound(field.Bounds.Maximum)
                                : std::string()));
   }
+  return rows;
 }
 
 struct ProfileRow {
@@ -87,18 +152,33 @@ struct ProfileRow {
   }
 };
 
+Table ExpectedProfileRows() {
+  Table rows;
+  for (const ProfileField& field : ProfileFields()) {
+    rows.push_back(std::visit(ProfileRow{field}, field.Field));
+  }
+  return rows;
+}
+
 TEST(SettingsDocumentation, NamesEveryKeyWithItsDefaultAndBounds) {
   const ScopedEnvironment temp("TEMP", "%TEMP%");
-  std::vector<std::string> expected;
-  AddRows(RenderSettingFields(), expected);
-  AddRows(IprSettingFields(), expected);
-  AddRows(BakeSettingFields(), expected);
-  for (const ProfileField& field : ProfileFields()) {
-    expected.push_back(std::visit(ProfileRow{field}, field.Field));
-  }
-  const std::vector<std::string> documented = DocumentedRows();
-  ASSERT_EQ(documented.size(), expected.size());
-  for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(documented[i], expected[i]);
+  auto chapters = DocumentedTables();
+  ASSERT_EQ(chapters.size(), 4u);
+  ExpectTables(chapters["Render settings"], ExpectedRows(RenderSettingFields()));
+  ExpectTables(chapters["Interactive render"], ExpectedRows(IprSettingFields()));
+  ExpectTables(chapters["Baking"], ExpectedRows(BakeSettingFields()));
+  ExpectTables(chapters["The user's profile"], ExpectedProfileRows());
+}
+
+TEST(SettingsDocumentation, NamesWhatTheExportUses) {
+  const std::string document = FileContent(kDocument);
+  const std::size_t chapter = document.find("\n## What has an effect today\n");
+  ASSERT_NE(chapter, std::string::npos);
+  // What is said of the render settings ends with the profile.
+  const std::size_t end = document.find("\nOf the user's profile", chapter);
+  ASSERT_NE(end, std::string::npos);
+  const std::string_view text = std::string_view(document).substr(chapter, end - chapter);
+  EXPECT_EQ(KeysIn(text, "`"), KeysIn(SourcesOfTheExport(), "settings."));
 }
 
 }  // namespace

@@ -140,6 +140,26 @@ TEST(SettingsFile, WhatCannotBeWrittenIsTold) {
   EXPECT_FALSE(SaveSettingsFile("", list));
 }
 
+TEST(SettingsFile, WhatCouldNotBeLoadedAgainIsNotWritten) {
+  const TempFolder folder;
+  ASSERT_TRUE(SaveSettingsFile(folder.File("a.ors"), List({{"Old", "1"}})));
+  Entries entries;
+  for (int i = 0; i < 4096; ++i) entries.push_back({"Key" + std::to_string(i), "1"});
+  EXPECT_TRUE(SaveSettingsFile(folder.File("many.ors"), List(entries)));
+  ON_UserStringList loaded;
+  EXPECT_TRUE(LoadSettingsFile(folder.File("many.ors"), loaded));
+  EXPECT_EQ(loaded.m_e, entries);
+  entries.push_back({"OneMore", "1"});
+  EXPECT_FALSE(SaveSettingsFile(folder.File("a.ors"), List(entries)));
+
+  constexpr std::size_t kMostBytes = 16 << 20;
+  const std::string value(kMostBytes - 5, 'v');
+  EXPECT_TRUE(SaveSettingsFile(folder.File("long.ors"), List({{"Key", value}})));
+  EXPECT_TRUE(LoadSettingsFile(folder.File("long.ors"), loaded));
+  EXPECT_FALSE(SaveSettingsFile(folder.File("a.ors"), List({{"Key", value + 'v'}})));
+  EXPECT_EQ(FileContent(folder.File("a.ors")), "Old=1\n");
+}
+
 TEST(SettingsFile, EitherSeparatorNamesAFolder) {
   const TempFolder folder;
   ASSERT_TRUE(SaveSettingsFile(folder.Path().string() + "\\a.ors", List({{"Key", "1"}})));

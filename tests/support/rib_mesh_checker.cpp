@@ -7,6 +7,7 @@
 #include <set>
 #include <vector>
 
+#include "host/system/text.h"
 #include "support/rib_parser.h"
 
 namespace {
@@ -92,7 +93,7 @@ class MeshChecker {
     double corners = 0;
     for (const double count : counts) {
       if (count < 3 || count != static_cast<int>(count)) {
-        Complain("has a face of " + std::to_string(count) + " vertices");
+        Complain(host::Format("has a face of %g vertices", count));
         return;
       }
       corners += count;

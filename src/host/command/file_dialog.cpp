@@ -18,21 +18,19 @@ bool TakesEveryFile(const CRhinoFileFilter& filter) {
   return std::string_view(filter.Pattern).starts_with("*.*");
 }
 
-// The row whose pattern the path's extension fits, a row for every file last; `initial` when the
-// path has no extension or no row fits.
+// The row whose pattern is that of the path's extension; the row that was chosen at first when
+// there is none.
 int FittingFilter(const CRhinoFileDialog& dialog, std::string_view path) {
   const std::string extension = host::SplitPath(path).Extension;
   if (extension.size() < 2) return dialog.FilterIndex;
-  int every_file = dialog.FilterIndex;
-  for (int i = 0; i < static_cast<int>(dialog.Filters.size()); ++i) {
-    const CRhinoFileFilter& filter = dialog.Filters[static_cast<std::size_t>(i)];
-    if (TakesEveryFile(filter)) {
-      every_file = i + 1;
-    } else if (host::EqualNoCase(PatternExtension(filter.Pattern), extension)) {
-      return i + 1;
+  for (std::size_t i = 0; i < dialog.Filters.size(); ++i) {
+    const CRhinoFileFilter& filter = dialog.Filters[i];
+    if (TakesEveryFile(filter)) continue;
+    if (host::EqualNoCase(PatternExtension(filter.Pattern), extension)) {
+      return static_cast<int>(i) + 1;
     }
   }
-  return every_file;
+  return dialog.FilterIndex;
 }
 
 bool IsAbsolute(std::string_view path) {
@@ -58,6 +56,18 @@ std::string AskForPath(CRhinoCommandContext& context, const CRhinoFileDialog& di
   if (get.GetString() != CRhinoGet::Result::string) return {};
   if (get.String().empty() || get.String() == dialog.FileName) return get.String();
   return FullPath(dialog.Folder, get.String());
+}
+
+// Why no file can be written at `path`; empty when nothing speaks against it.
+std::string Objection(const std::string& path) {
+  if (host::FolderExists(path)) return "'" + path + "' is a folder.";
+  const host::PathParts parts = host::SplitPath(path);
+  const std::string folder = parts.Drive + parts.Folder;
+  if (!parts.Folder.empty() && !host::FolderExists(folder)) {
+    return "There is no folder '" + folder + "'.";
+  }
+  if (parts.Base.empty()) return "'" + path + "' has no name before its extension.";
+  return {};
 }
 
 enum class Overwrite { yes, no, cancelled };
@@ -96,8 +106,8 @@ std::optional<CRhinoFileChoice> GetSaveFileName(CRhinoCommandContext& context,
   for (;;) {
     std::string path = AskForPath(context, dialog);
     if (path.empty()) return std::nullopt;
-    if (host::FolderExists(path)) {
-      if (!context.m_input.Refuse("'" + path + "' is a folder.")) return std::nullopt;
+    if (const std::string objection = Objection(path); !objection.empty()) {
+      if (!context.m_input.Refuse(objection)) return std::nullopt;
       continue;
     }
     if (host::FileExists(path)) {

@@ -29,15 +29,15 @@ struct CRhinoFileDialog {
 
 struct CRhinoFileChoice {
   std::string Path;
-  // The row of the file's type, counted from 1: the one that fits its extension, and the row that
-  // was chosen at first when the name has no extension or none fits.
+  // The row of the file's type, counted from 1: the one with the pattern of its extension, and the
+  // row that was chosen at first when there is none.
   int FilterIndex = 1;
 };
 
 // Asks for an existing file. Nothing when the dialog was cancelled.
 std::optional<CRhinoFileChoice> GetOpenFileName(CRhinoCommandContext& context,
                                                 const CRhinoFileDialog& dialog);
-// Asks for a file to write, and once more when there is one of that name. Nothing when the dialog
-// was cancelled.
+// Asks for a file to write in a folder that exists, and whether it may be replaced when there is
+// one of that name. Nothing when the dialog was cancelled.
 std::optional<CRhinoFileChoice> GetSaveFileName(CRhinoCommandContext& context,
                                                 const CRhinoFileDialog& dialog);

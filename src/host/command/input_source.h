@@ -49,7 +49,7 @@ struct Answer {
   };
   Kind kind = Kind::end;
   std::string Text;
-  // True when the text stood in double quotes and so is no option or command name.
+  // True when the text stood in double quotes and so is neither the name of an option nor a key.
   bool Quoted = false;
 };
 

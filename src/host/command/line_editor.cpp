@@ -1,5 +1,7 @@
 #include "host/command/line_editor.h"
 
+#include <poll.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -26,9 +28,23 @@ int SequenceLength(unsigned char first) {
   return first >= 0xC0 ? 2 : 1;
 }
 
+// Waits until there is something to read or Ctrl-C is pressed. The signal comes through only while
+// it waits, so that none is missed between the question and the waiting.
+void WaitForKey() {
+  sigset_t interrupt;
+  sigset_t before;
+  sigemptyset(&interrupt);
+  sigaddset(&interrupt, SIGINT);
+  sigprocmask(SIG_BLOCK, &interrupt, &before);
+  pollfd terminal = {STDIN_FILENO, POLLIN, 0};
+  if (!host::InterruptRequested()) ppoll(&terminal, 1, nullptr, &before);
+  sigprocmask(SIG_SETMASK, &before, nullptr);
+}
+
 // The next byte of the terminal: 1, 0 at the end of the input, -1 on an error or an interrupt.
 int ReadByte(unsigned char& byte) {
   for (;;) {
+    WaitForKey();
     if (host::InterruptRequested()) return -1;
     const ssize_t count = read(STDIN_FILENO, &byte, 1);
     if (count >= 0) return static_cast<int>(count);

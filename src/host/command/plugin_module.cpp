@@ -62,7 +62,12 @@ void PlugInModule::Close::operator()(void* handle) const {
 std::unique_ptr<PlugInModule> PlugInModule::Load(std::string_view path, std::string& error) {
   error = "The plug-in module " + std::string(path) + " can't be used: ";
   // A name without a folder would be searched for in the system's library folders.
-  const std::filesystem::path file = std::filesystem::absolute(host::NativePath(path));
+  std::error_code no_folder;
+  const std::filesystem::path file = std::filesystem::absolute(host::NativePath(path), no_folder);
+  if (no_folder) {
+    error += no_folder.message() + ".";
+    return nullptr;
+  }
   static_cast<void>(CRhinoFileExportPlugIn::TakeLastMade());
   Handle handle(GuardedCall("Opening " + std::string(path), static_cast<void*>(nullptr),
                             [&] { return dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL); }));

@@ -5,6 +5,17 @@
 #include "host/document/app.h"
 #include "host/system/text.h"
 
+namespace {
+
+// True when the line is one word, a key, or one text in quotes, and not a text with blanks.
+bool IsOneAnswer(const Script& script, std::string_view typed) {
+  if (script.tokens.size() != 1) return false;
+  const Answer& answer = script.tokens.front().answer;
+  return answer.kind != Answer::Kind::text || answer.Quoted || answer.Text == typed;
+}
+
+}  // namespace
+
 TerminalInput::TerminalInput(std::string history_path)
     : editor_(std::make_unique<LineEditor>(std::move(history_path))) {}
 
@@ -28,7 +39,7 @@ void TerminalInput::TakeLine(std::string_view line, const Prompt& prompt) {
   Script script = ParseScript(typed);
   if (typed.empty()) {
     answers_.push_back({Answer::Kind::enter, {}, false});
-  } else if (prompt.TakesText && typed != "!" && script.tokens.size() != 1) {
+  } else if (prompt.TakesText && !IsOneAnswer(script, typed)) {
     answers_.push_back({Answer::Kind::text, std::string(typed), false});
   } else if (!script.error.empty()) {
     Refuse(script.error);

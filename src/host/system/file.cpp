@@ -12,6 +12,7 @@
 #include <limits>
 #include <system_error>
 
+#include "host/system/interrupt.h"
 #include "host/system/path.h"
 #include "host/system/text.h"
 
@@ -27,20 +28,22 @@ std::string SystemPath(std::string_view path) {
   return NativePath(path).string();
 }
 
+// Ctrl-C ends the waiting for the other end of a pipe; the error is then EINTR.
 int OpenFile(const std::string& path, int flags, mode_t mode = 0666) {
   int fd = -1;
   do {
     fd = open(path.c_str(), flags | O_CLOEXEC, mode);
-  } while (fd < 0 && errno == EINTR);
+  } while (fd < 0 && errno == EINTR && !InterruptRequested());
   return fd;
 }
 
-// Writes all bytes; the error number, 0 for none.
+// Writes all bytes; the error number, 0 for none. Ctrl-C ends the waiting for a pipe with EINTR.
 int WriteAll(int fd, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t count = write(fd, bytes.data(), bytes.size());
     if (count < 0 && errno != EINTR) return errno;
     if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
+    if (!bytes.empty() && InterruptRequested()) return EINTR;
   }
   return 0;
 }
@@ -203,6 +206,7 @@ bool ReplaceFile(std::string_view path, std::string_view bytes) {
   struct stat old = {};
   if (stat(target.c_str(), &old) == 0) {
     if (!S_ISREG(old.st_mode)) return Fail(S_ISDIR(old.st_mode) ? EISDIR : EINVAL);
+    if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) return false;
     permissions = old.st_mode & kPermissionBits;
   }
   std::string newName;

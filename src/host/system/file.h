@@ -73,7 +73,7 @@ std::optional<std::string> ReadWholeFile(std::string_view path,
 // Writes a file so that a crash at any moment leaves either the old or the new one whole: into a
 // new file beside it, flushed to the disk, then renamed over it. The permissions of the old file
 // stay, and a symbolic link is followed. False on failure (LastSystemError tells why), and then the
-// old file is as it was. Replaces only regular files.
+// old file is as it was. Replaces only regular files that could be opened for writing.
 [[nodiscard]] bool ReplaceFile(std::string_view path, std::string_view bytes);
 
 // Removes a file; false when it could not be removed.

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
+#include <limits>
 #include <system_error>
 
 #include "host/system/environment.h"
@@ -63,13 +64,19 @@ std::string EscapedKey(std::string_view key) {
   return key.starts_with('[') ? '\\' + escaped : escaped;
 }
 
+// A whole number beyond those of Number counts as the nearest of them, a real one as no number.
 template <typename Number>
 std::optional<Number> NumberFromText(const std::string* text) {
+  using Limits = std::numeric_limits<Number>;
   if (text == nullptr) return std::nullopt;
   Number value = 0;
   const char* end = text->data() + text->size();
   const auto [stop, error] = std::from_chars(text->data(), end, value);
-  if (error != std::errc() || stop != end) return std::nullopt;
+  if (stop != end) return std::nullopt;
+  if (Limits::is_integer && error == std::errc::result_out_of_range) {
+    return text->starts_with('-') ? Limits::min() : Limits::max();
+  }
+  if (error != std::errc()) return std::nullopt;
   return value;
 }
 

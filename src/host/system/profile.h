@@ -34,7 +34,8 @@ class Profile {
   void Parse(std::string_view text);
   [[nodiscard]] std::string Text() const;
 
-  // The value of a key; nothing when it is absent or no such value.
+  // The value of a key; nothing when it is absent or no such value. An integer beyond those of int
+  // is the nearest of them.
   std::optional<bool> LoadProfileBool(std::string_view section, std::string_view key) const;
   std::optional<int> LoadProfileInt(std::string_view section, std::string_view key) const;
   std::optional<double> LoadProfileDouble(std::string_view section, std::string_view key) const;

@@ -113,17 +113,36 @@ TEST_F(FileDialogTest, ExistingFileIsAskedAbout) {
   EXPECT_FALSE(Save({"old.rib", "!"}));
 }
 
+TEST_F(FileDialogTest, FileIsSavedInAFolderThatExists) {
+  const std::string missing = folder_.File("newfolder/");
+  const auto choice =
+      Save({"newfolder/", "newfolder/a.rib", "newfolder\\a.rib", missing + "a.rib", "new.rib"});
+  ASSERT_TRUE(choice);
+  EXPECT_EQ(choice->Path, folder_.File("new.rib"));
+  const std::string message = "There is no folder '" + missing + "'.";
+  EXPECT_THAT(input_->Refusals(),
+              ElementsAre(message, message,
+                          "There is no folder '" + folder_.File("newfolder\\") + "'.", message));
+}
+
+TEST_F(FileDialogTest, SavedFileHasAName) {
+  EXPECT_FALSE(Save({".rib", "!"}));
+  EXPECT_THAT(input_->Refusals(),
+              ElementsAre("'" + folder_.File(".rib") + "' has no name before its extension."));
+}
+
 TEST_F(FileDialogTest, ExtensionChoosesTheRow) {
   EXPECT_EQ(Save({"a.RIB"})->FilterIndex, 1);
   EXPECT_EQ(Save({"a.ors"})->FilterIndex, 3);
-  EXPECT_EQ(Save({"a.txt"})->FilterIndex, 2);
-  EXPECT_EQ(Save({"a"})->FilterIndex, 1);
-  dialog_.FilterIndex = 3;
-  EXPECT_EQ(Save({"a"})->FilterIndex, 3);
-  EXPECT_EQ(Save({"a."})->FilterIndex, 3);
-  dialog_.Filters.erase(dialog_.Filters.begin() + 1);
-  dialog_.FilterIndex = 1;
-  EXPECT_EQ(Save({"a.txt"})->FilterIndex, 1);
+}
+
+TEST_F(FileDialogTest, RowStaysWhenNoneHasTheExtension) {
+  for (const int row : {1, 2, 3}) {
+    dialog_.FilterIndex = row;
+    for (const char* name : {"a", "a.", "a.txt", "a.*", "set v1.2"}) {
+      EXPECT_EQ(Save({name})->FilterIndex, row) << name;
+    }
+  }
 }
 
 }  // namespace

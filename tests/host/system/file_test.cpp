@@ -1,16 +1,22 @@
 #include "host/system/file.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <functional>
 #include <thread>
 #include <vector>
 
+#include "host/system/interrupt.h"
+#include "support/process.h"
 #include "support/temp_folder.h"
 
 namespace host {
@@ -27,6 +33,22 @@ std::vector<std::string> NamesIn(const std::filesystem::path& folder) {
 }
 
 using Names = std::vector<std::string>;
+
+// Runs `action` in a process of its own whose user may not write what isn't theirs; its result.
+template <class Action>
+bool RunUnprivileged(Action action) {
+  constexpr uid_t kNobody = 65534;
+  const pid_t child = fork();
+  if (child == 0) {
+    if (geteuid() == 0 && seteuid(kNobody) != 0) _exit(2);
+    _exit(action() ? 0 : 1);
+  }
+  int status = 0;
+  EXPECT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_TRUE(WIFEXITED(status));
+  EXPECT_LT(WEXITSTATUS(status), 2);
+  return WEXITSTATUS(status) == 0;
+}
 
 // Limits the size of files while it lives, so that writing beyond it fails as on a full disk.
 class FileSizeLimit {
@@ -165,6 +187,52 @@ TEST(FileWriter, AReaderThatTakesPartsGetsAll) {
   EXPECT_EQ(received, text);
 }
 
+// Ctrl-C again and again, until a child ends that catches it and does `work`; true when the child
+// found `work` true.
+bool EndsByInterrupts(const std::function<bool()>& work) {
+  struct sigaction before = {};
+  sigaction(SIGINT, nullptr, &before);
+  CatchInterrupts();
+  const pid_t child = fork();
+  if (child == 0) _exit(work() ? 0 : 1);
+  sigaction(SIGINT, &before, nullptr);
+  const auto isRunning = [&] {
+    siginfo_t info = {};
+    return waitid(P_PID, static_cast<id_t>(child), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+           info.si_pid == 0;
+  };
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (isRunning() && std::chrono::steady_clock::now() < end) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    kill(child, SIGINT);
+  }
+  return WaitForChild(child, std::chrono::seconds(0)) == 0;
+}
+
+TEST(FileWriter, CtrlCEndsTheWaitingForAPipesReader) {
+  const TempFolder folder;
+  const std::string pipe = folder.File("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_TRUE(EndsByInterrupts([&] {
+    const FileWriter file(pipe);
+    return !file.IsOpen() && LastSystemError() == "Interrupted system call";
+  }));
+}
+
+TEST(FileWriter, CtrlCEndsTheWritingToAPipeThatNobodyEmpties) {
+  const TempFolder folder;
+  const std::string pipe = folder.File("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  ASSERT_GE(reader, 0);
+  EXPECT_TRUE(EndsByInterrupts([&] {
+    FileWriter file(pipe);
+    file.Write(std::string(1000000, 'x'));
+    return file.HasError() && !file.Close() && LastSystemError() == "Interrupted system call";
+  }));
+  close(reader);
+}
+
 TEST(FileReader, ReadsAtAnyOffset) {
   const TempFolder folder;
   WriteFileContent(folder.File("a.3dm"), "0123456789");
@@ -183,14 +251,14 @@ TEST(FileReader, RefusesWhatIsNoRegularFile) {
   const TempFolder folder;
   EXPECT_EQ(FileReader(folder.File("none")).Error(), "No such file or directory");
   EXPECT_EQ(FileReader(folder.Path().string()).Error(), "it is a folder");
-  EXPECT_EQ(FileReader("/dev/null").Error(), "is no regular file");
+  EXPECT_EQ(FileReader("/dev/null").Error(), "it is no regular file");
   EXPECT_FALSE(FileReader(folder.Path().string()).IsOpen());
 }
 
 TEST(FileReader, APipeWithoutAWriterDoesNotHang) {
   const TempFolder folder;
   ASSERT_EQ(mkfifo(folder.File("pipe").c_str(), 0600), 0);
-  EXPECT_EQ(FileReader(folder.File("pipe")).Error(), "is no regular file");
+  EXPECT_EQ(FileReader(folder.File("pipe")).Error(), "it is no regular file");
 }
 
 TEST(FileReader, AFileThatShrinksGivesWhatIsThere) {
@@ -232,6 +300,26 @@ TEST(ReplaceFile, KeepsThePermissionsOfTheOldFile) {
   EXPECT_TRUE(ReplaceFile(folder.File("a.ors"), "two"));
   EXPECT_EQ(std::filesystem::status(folder.File("a.ors")).permissions(),
             std::filesystem::perms(0640));
+}
+
+TEST(ReplaceFile, RefusesAWriteProtectedFile) {
+  using std::filesystem::perms;
+  const TempFolder folder;
+  WriteFileContent(folder.File("protected.ors"), "one");
+  WriteFileContent(folder.File("open.ors"), "one");
+  std::filesystem::create_symlink("protected.ors", folder.File("link.ors"));
+  std::filesystem::permissions(folder.Path(), perms::all);
+  std::filesystem::permissions(folder.File("protected.ors"), perms(0444));
+  std::filesystem::permissions(folder.File("open.ors"), perms(0666));
+  EXPECT_TRUE(RunUnprivileged([&] { return ReplaceFile(folder.File("open.ors"), "two"); }));
+  for (const char* name : {"protected.ors", "link.ors"}) {
+    EXPECT_TRUE(RunUnprivileged([&] {
+      return !ReplaceFile(folder.File(name), "two") && LastSystemError() == "Permission denied";
+    })) << name;
+  }
+  EXPECT_EQ(FileContent(folder.File("open.ors")), "two");
+  EXPECT_EQ(FileContent(folder.File("protected.ors")), "one");
+  EXPECT_EQ(NamesIn(folder.Path()), (Names{"link.ors", "open.ors", "protected.ors"}));
 }
 
 TEST(ReplaceFile, FollowsASymbolicLink) {

@@ -65,7 +65,7 @@ TEST(Profile, AnAbsentKeyIsNothing) {
 }
 
 TEST(Profile, AMalformedNumberIsNothing) {
-  for (const char* text : {"", " 1", "1 ", "+1", "1x", "x", "0x10", "2147483648", "1.5", "--1"}) {
+  for (const char* text : {"", " 1", "1 ", "+1", "1x", "x", "0x10", "99999999999x", "1.5", "--1"}) {
     const Profile profile = Parsed(std::string("[A]\nkey=") + text);
     EXPECT_EQ(profile.LoadProfileInt("A", "key"), std::nullopt) << text;
   }
@@ -77,6 +77,13 @@ TEST(Profile, AMalformedNumberIsNothing) {
     const Profile profile = Parsed(std::string("[A]\nkey=") + text);
     EXPECT_EQ(profile.LoadProfileBool("A", "key"), std::nullopt) << text;
   }
+}
+
+TEST(Profile, AnIntegerThatIsTooLargeIsTheGreatestOne) {
+  const Profile profile = Parsed("[A]\na=2147483648\nb=99999999999\nc=-2147483649\n");
+  EXPECT_EQ(profile.LoadProfileInt("A", "a"), std::numeric_limits<int>::max());
+  EXPECT_EQ(profile.LoadProfileInt("A", "b"), std::numeric_limits<int>::max());
+  EXPECT_EQ(profile.LoadProfileInt("A", "c"), std::numeric_limits<int>::min());
 }
 
 TEST(Profile, ExtremeNumbersComeBackTheSame) {
