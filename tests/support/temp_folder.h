@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-// A folder of its own for one test, with a blank and letters outside ASCII in its path, removed with
-// all that is in it at the end.
+// A folder of its own for one test, with a blank and letters outside ASCII in its path, removed
+// with all that is in it at the end.
 class TempFolder {
  public:
   TempFolder();

@@ -9,7 +9,8 @@
 
 struct ON_ReadResult {
   // False when nothing can be made of the file; `error` then says why, without the file's name:
-  // "it is empty", or the kind and the offset of what is broken. A file that was read in part is a success with m_problems in the model.
+  // "it is empty", or the kind and the offset of what is broken. A file that was read in part is a
+  // success with m_problems in the model.
   bool ok = false;
   std::string error;
 };

@@ -16,7 +16,7 @@ class ON_UnsetAllocator : public std::allocator<T> {
   using std::allocator<T>::allocator;
 
   template <class U>
-  void construct(U* element) noexcept(noexcept(::new(static_cast<void*>(element)) U)) {
+  void construct(U* element) noexcept(noexcept(::new (static_cast<void*>(element)) U)) {
     ::new (static_cast<void*>(element)) U;
   }
   template <class U, class... Args>

@@ -63,7 +63,9 @@ inline ON_3dVector ON_CrossProduct(ON_3dVector a, ON_3dVector b) {
   return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 // The vector from the world's origin to `p`.
-inline ON_3dVector ON_FromOrigin(ON_3dPoint p) { return {p.x, p.y, p.z}; }
+inline ON_3dVector ON_FromOrigin(ON_3dPoint p) {
+  return {p.x, p.y, p.z};
+}
 
 // An oriented plane. Its axes are unit vectors, perpendicular to each other.
 struct ON_Plane {

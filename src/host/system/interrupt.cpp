@@ -8,7 +8,9 @@ namespace {
 // A signal's handler can reach nothing else.
 volatile sig_atomic_t interrupted = 0;
 
-extern "C" void MarkInterrupt(int) { interrupted = 1; }
+extern "C" void MarkInterrupt(int) {
+  interrupted = 1;
+}
 
 }  // namespace
 
@@ -19,10 +21,16 @@ void CatchInterrupts() {
   sigaction(SIGINT, &action, nullptr);
 }
 
-bool InterruptRequested() { return interrupted != 0; }
+bool InterruptRequested() {
+  return interrupted != 0;
+}
 
-void RequestInterrupt() { interrupted = 1; }
+void RequestInterrupt() {
+  interrupted = 1;
+}
 
-void ClearInterrupt() { interrupted = 0; }
+void ClearInterrupt() {
+  interrupted = 0;
+}
 
 }  // namespace host

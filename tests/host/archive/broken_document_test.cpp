@@ -71,10 +71,9 @@ TEST(BrokenDocument, CutBeforeAnyTableItIsAnError) {
   ONX_Model model;
   const ON_ReadResult result = Read(std::string_view(whole).substr(0, 40), model);
   EXPECT_FALSE(result.ok);
-  EXPECT_EQ(
-      result.error,
-      "it holds nothing that can be read: comment block at offset 32: the file ends "
-      "inside chunk 00000001 (offset 32)");
+  EXPECT_EQ(result.error,
+            "it holds nothing that can be read: comment block at offset 32: the file ends "
+            "inside chunk 00000001 (offset 32)");
 }
 
 TEST(BrokenDocument, BrokenObjectIsLeftOut) {

@@ -77,10 +77,8 @@ TEST(FileLayout, FileThatEndsInItsHeader) {
 
 TEST(FileLayout, VersionsThatCannotBeRead) {
   const std::string magic = kMagic;
-  EXPECT_EQ(ErrorOf(magic + "       1"),
-            "it is a version 1 document; versions 2 to 8 can be read");
-  EXPECT_EQ(ErrorOf(magic + "      90"),
-            "it is a version 9 document; versions 2 to 8 can be read");
+  EXPECT_EQ(ErrorOf(magic + "       1"), "it is a version 1 document; versions 2 to 8 can be read");
+  EXPECT_EQ(ErrorOf(magic + "      90"), "it is a version 9 document; versions 2 to 8 can be read");
   EXPECT_EQ(ErrorOf(magic + "99999999"),
             "it is a version 9999999 document; versions 2 to 8 can be read");
   for (const char* field : {"        ", "      4x", "     4 0", "      -4"}) {

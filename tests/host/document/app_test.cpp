@@ -114,8 +114,8 @@ TEST_F(AppTest, AForeignFileIsNotImportedEither) {
   const std::string path = folder.File("note.3dm");
   WriteFileContent(path, "This is no model.");
   EXPECT_FALSE(app_.ImportDocument(path));
-  EXPECT_EQ(printed_, "Unable to open " + path +
-                          ": it is no 3dm document: it doesn't begin as one\n");
+  EXPECT_EQ(printed_,
+            "Unable to open " + path + ": it is no 3dm document: it doesn't begin as one\n");
 }
 
 TEST_F(AppTest, APlugInReadsItsDataOfTheOpenDocument) {
