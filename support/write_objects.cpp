@@ -117,7 +117,7 @@ void WritePlugInData(ON_BinaryArchive& archive, const ONX_PlugInData& data) {
         const ChunkWriter header(table, TCODE_USER_TABLE_RECORD_HEADER, 1, 0);
         table.WriteBool(data.m_saved_as_goo);
         table.WriteInt(data.m_archive_version);
-        table.WriteInt(static_cast<std::int32_t>(data.m_library_version));
+        table.WriteInt(static_cast<std::int32_t>(data.m_opennurbs_version));
       }
     }
     const ChunkWriter record(table, TCODE_USER_RECORD);
@@ -135,7 +135,7 @@ void WriteDocumentUserStrings(ON_BinaryArchive& archive, const ON_UserStringList
   ONX_PlugInData data;
   data.m_plugin_id = kDocumentStrings;
   data.m_archive_version = archive.Archive3dmVersion();
-  data.m_library_version = archive.ArchiveOpenNURBSVersion();
+  data.m_opennurbs_version = archive.ArchiveOpenNURBSVersion();
   data.m_bytes = bytes.TakeBytes();
   WritePlugInData(archive, data);
 }

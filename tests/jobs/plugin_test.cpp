@@ -127,7 +127,7 @@ class PlugInInApplication : public PlugIn {
     plugIn_.UserStrings().SetUserString("Surface", "\"Vä\"");
     model.m_userdata_table = {{.m_plugin_id = plugIn_.PlugInID(),
                                .m_archive_version = 50,
-                               .m_library_version = 201008125,
+                               .m_opennurbs_version = 201008125,
                                .m_saved_as_goo = false,
                                .m_bytes = Written(),
                                .m_span = {}}};

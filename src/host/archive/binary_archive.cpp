@@ -18,8 +18,8 @@ constexpr std::size_t kMaxProblems = 64;
 }  // namespace
 
 ON_BinaryArchive::ON_BinaryArchive(ByteSource& source, int archive_version,
-                                   unsigned library_version)
-    : source_(&source), archive_version_(archive_version), library_version_(library_version) {
+                                   unsigned opennurbs_version)
+    : source_(&source), archive_version_(archive_version), opennurbs_version_(opennurbs_version) {
   Chunk whole;
   whole.body_end = source.Size();
   whole.end = source.Size();
@@ -78,7 +78,7 @@ bool ON_BinaryArchive::OpenChunk(std::uint64_t start, const ChunkHeader& header)
   chunk.start = start;
   chunk.has_sum = !isShort && (header.typecode & TCODE_CRC) != 0;
   chunk.archive_version = archive_version_;
-  chunk.library_version = library_version_;
+  chunk.opennurbs_version = opennurbs_version_;
   if (length > BytesLeft()) {
     if (ChunkDepth() > 0) return Fail("a chunk leads outside the one around it");
     Tell(host::Format("the file ends inside chunk %08x (offset %llu)",
@@ -161,7 +161,7 @@ bool ON_BinaryArchive::EndRead3dmChunk() {
   chunks_.pop_back();
   source_->StartSum(chunks_.back().sum);
   archive_version_ = chunk.archive_version;
-  library_version_ = chunk.library_version;
+  opennurbs_version_ = chunk.opennurbs_version;
   return !chunk.failed;
 }
 

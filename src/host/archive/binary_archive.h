@@ -35,19 +35,19 @@ class ON_BinaryArchive {
 
   // Reads what `source` holds. The lengths of chunks are 4 bytes wide for a version below 50 and 8
   // from there on.
-  ON_BinaryArchive(ByteSource& source, int archive_version, unsigned library_version);
+  ON_BinaryArchive(ByteSource& source, int archive_version, unsigned opennurbs_version);
   // Writes into memory; the bytes are taken with TakeBytes.
-  explicit ON_BinaryArchive(int archive_version, unsigned library_version = 201008125);
+  explicit ON_BinaryArchive(int archive_version, unsigned opennurbs_version = 201008125);
 
   ON_BinaryArchive(const ON_BinaryArchive&) = delete;
   ON_BinaryArchive& operator=(const ON_BinaryArchive&) = delete;
 
   int Archive3dmVersion() const { return archive_version_; }
-  unsigned ArchiveOpenNURBSVersion() const { return library_version_; }
+  unsigned ArchiveOpenNURBSVersion() const { return opennurbs_version_; }
   // While reading, a version that is set inside a chunk holds up to the end of that chunk: so a
   // payload that was written under other versions, with lengths of another width, is read.
   void SetArchive3dmVersion(int version) { archive_version_ = version; }
-  void SetArchiveOpenNURBSVersion(unsigned version) { library_version_ = version; }
+  void SetArchiveOpenNURBSVersion(unsigned version) { opennurbs_version_ = version; }
 
   // --- Reading -------------------------------------------------------------------------------
 
@@ -166,7 +166,7 @@ class ON_BinaryArchive {
     bool is_cut = false;
     // As they were outside.
     int archive_version = 0;
-    unsigned library_version = 0;
+    unsigned opennurbs_version = 0;
   };
   struct ChunkHeader {
     std::uint32_t typecode = 0;
@@ -199,7 +199,7 @@ class ON_BinaryArchive {
 
   ByteSource* source_ = nullptr;
   int archive_version_ = 0;
-  unsigned library_version_ = 0;
+  unsigned opennurbs_version_ = 0;
   std::vector<Chunk> chunks_;
   std::vector<std::string> problems_;
   bool failure_told_ = false;

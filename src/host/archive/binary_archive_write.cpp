@@ -6,8 +6,8 @@
 
 #include "host/archive/binary_archive.h"
 
-ON_BinaryArchive::ON_BinaryArchive(int archive_version, unsigned library_version)
-    : archive_version_(archive_version), library_version_(library_version) {
+ON_BinaryArchive::ON_BinaryArchive(int archive_version, unsigned opennurbs_version)
+    : archive_version_(archive_version), opennurbs_version_(opennurbs_version) {
   chunks_.emplace_back();
 }
 

@@ -16,7 +16,7 @@ bool BeginReadChunkOf(ON_BinaryArchive& archive, std::uint32_t expected, std::st
 struct UserDataHeader {
   ON_UUID class_id;
   int archive_version = 0;
-  unsigned library_version = 0;
+  unsigned opennurbs_version = 0;
 };
 
 // The fields of a header, which stand in a chunk of their own from version 2 on.
@@ -32,7 +32,7 @@ bool ReadHeaderFields(ON_BinaryArchive& archive, int major, int minor, UserDataH
   if (minor >= 1 && !archive.ReadUuid(&application_id)) return false;
   if (major < 2 || minor < 2) return true;
   return archive.ReadBool(&saved_as_goo) && archive.ReadInt(&header.archive_version) &&
-         archive.ReadInt(&header.library_version);
+         archive.ReadInt(&header.opennurbs_version);
 }
 
 bool ReadUserDataHeader(ON_BinaryArchive& archive, UserDataHeader& header) {
@@ -42,7 +42,7 @@ bool ReadUserDataHeader(ON_BinaryArchive& archive, UserDataHeader& header) {
   // What a writer that didn't say worked under.
   const bool wide = archive.Archive3dmVersion() >= 50;
   header.archive_version = wide ? 5 : archive.Archive3dmVersion();
-  header.library_version = wide ? 200910180 : archive.ArchiveOpenNURBSVersion();
+  header.opennurbs_version = wide ? 200910180 : archive.ArchiveOpenNURBSVersion();
   if (major == 1) return ReadHeaderFields(archive, major, minor, header);
   if (!BeginReadChunkOf(archive, TCODE_OPENNURBS_CLASS_USERDATA_HEADER,
                         "user data without a header")) {
@@ -62,7 +62,7 @@ void ReadUserDataItem(ON_BinaryArchive& archive, ON_UserStringList* strings,
   if (is_strings ? strings == nullptr : !reader) return;
   if (!BeginReadChunkOf(archive, TCODE_ANONYMOUS_CHUNK, "user data without a payload")) return;
   archive.SetArchive3dmVersion(header.archive_version);
-  archive.SetArchiveOpenNURBSVersion(header.library_version);
+  archive.SetArchiveOpenNURBSVersion(header.opennurbs_version);
   if (is_strings) {
     if (!ON_ReadUserStringList(archive, *strings)) return;
   } else {

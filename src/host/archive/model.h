@@ -40,7 +40,7 @@ struct ONX_ModelLight {
 struct ONX_PlugInData {
   ON_UUID m_plugin_id;
   int m_archive_version = 0;
-  unsigned m_library_version = 0;
+  unsigned m_opennurbs_version = 0;
   bool m_saved_as_goo = false;
   std::string m_bytes;
   ON_FileSpan m_span;

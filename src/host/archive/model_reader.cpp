@@ -37,8 +37,8 @@ constexpr std::array kUnreadTables{
 
 class ModelReader {
  public:
-  ModelReader(ByteSource& source, int version, unsigned library_version, ONX_Model& model)
-      : archive_(source, version, library_version),
+  ModelReader(ByteSource& source, int version, unsigned opennurbs_version, ONX_Model& model)
+      : archive_(source, version, opennurbs_version),
         file_size_(source.Size()),
         model_(model),
         problems_(model.m_problems) {}

@@ -98,7 +98,7 @@ bool ReadObjectRecord(ON_BinaryArchive& archive, ONX_ModelObject& object, Unread
 
 bool ReadDocumentUserStrings(const ONX_PlugInData& table, ON_UserStringList& strings) {
   ByteSource source(std::as_bytes(std::span(table.m_bytes)));
-  ON_BinaryArchive archive(source, table.m_archive_version, table.m_library_version);
+  ON_BinaryArchive archive(source, table.m_archive_version, table.m_opennurbs_version);
   return ReadWrappedClass(archive, &strings,
                           [](ON_BinaryArchive&, const ON_UUID&) { return true; });
 }

@@ -20,7 +20,7 @@ bool ReadHeader(ON_BinaryArchive& archive, ONX_PlugInData& data) {
   if (!archive.EndRead3dmChunk() || !ok) return false;
   data.m_saved_as_goo = savedAsGoo;
   data.m_archive_version = archiveVersion;
-  data.m_library_version = libraryVersion;
+  data.m_opennurbs_version = libraryVersion;
   return true;
 }
 
@@ -41,7 +41,7 @@ bool AppendBytes(ON_BinaryArchive& archive, std::string& bytes) {
 
 bool ReadUserTable(ON_BinaryArchive& archive, ONX_PlugInData& data) {
   data.m_archive_version = archive.Archive3dmVersion();
-  data.m_library_version = archive.ArchiveOpenNURBSVersion();
+  data.m_opennurbs_version = archive.ArchiveOpenNURBSVersion();
   bool ok = true;
   const bool ended = ReadRecords(archive, [&](const Record& record) {
     if (record.typecode == TCODE_USER_TABLE_UUID) ok = ReadId(archive, data) && ok;

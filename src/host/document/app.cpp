@@ -19,7 +19,7 @@ std::string PlugInName(const CRhinoDoc& doc, const ON_UUID& id) {
 bool ReadDocumentData(CRhinoPlugInDocumentData& plug_in, CRhinoDoc& doc, const ONX_PlugInData& data,
                       const CRhinoFileReadOptions& options) {
   ByteSource source(std::as_bytes(std::span(data.m_bytes)));
-  ON_BinaryArchive archive(source, data.m_archive_version, data.m_library_version);
+  ON_BinaryArchive archive(source, data.m_archive_version, data.m_opennurbs_version);
   return plug_in.ReadDocument(doc, archive, options);
 }
 

@@ -464,7 +464,7 @@ TEST_P(ModelWriterTest, KeepsTheDataOfPlugIns) {
   ONX_PlugInData& data = model_.m_userdata_table.emplace_back();
   data.m_plugin_id = kId1;
   data.m_archive_version = GetParam();
-  data.m_library_version = 201008125;
+  data.m_opennurbs_version = 201008125;
   data.m_bytes = std::string("\0some bytes\xFF", 12);
   model_.m_document_user_strings.SetUserString("Titel", "Stillleben");
   const ONX_Model read = ReadBack(model_);

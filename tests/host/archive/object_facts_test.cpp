@@ -4,6 +4,7 @@
 #include "facts_documents.h"
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_point_cloud.h"
+#include "support/class_words.h"
 
 // The objects and lights of every document of the corpus against the facts that another reader took
 // of them. Attributes are compared for every object. Geometry is compared where it is read: meshes,
@@ -291,36 +292,6 @@ void ExpectLight(const json& fact, const ONX_ModelLight& record, const std::stri
   ExpectAttributes(attributes, record.m_attributes, place + ".attributes");
 }
 
-// The other reader's names of classes in our words, for those that aren't read.
-const std::map<std::string, std::string>& UnreadNames() {
-  static const std::map<std::string, std::string> names = {
-      {"ON_ArcCurve", "arc"},
-      {"ON_Brep", "brep"},
-      {"ON_ClippingPlaneSurface", "clipping plane"},
-      {"ON_DetailView", "detail view"},
-      {"ON_DimAngular", "angular dimension"},
-      {"ON_DimLinear", "linear dimension"},
-      {"ON_DimOrdinate", "ordinate dimension"},
-      {"ON_DimRadial", "radial dimension"},
-      {"ON_Extrusion", "extrusion"},
-      {"ON_Hatch", "hatch"},
-      {"ON_InstanceRef", "block reference"},
-      {"ON_Leader", "leader"},
-      {"ON_LineCurve", "line"},
-      {"ON_NurbsCurve", "NURBS curve"},
-      {"ON_NurbsSurface", "NURBS surface"},
-      {"ON_PlaneSurface", "plane surface"},
-      {"ON_PolyCurve", "polycurve"},
-      {"ON_PolylineCurve", "polyline"},
-      {"ON_RevSurface", "surface of revolution"},
-      {"ON_SubD", "SubD"},
-      {"ON_SumSurface", "sum surface"},
-      {"ON_Text", "text"},
-      {"ON_TextDot", "text dot"},
-  };
-  return names;
-}
-
 }  // namespace
 
 TEST(ObjectFacts, AttributesAndReadGeometry) {
@@ -349,7 +320,7 @@ TEST(ObjectFacts, KindsThatAreNotReadAreCounted) {
   ForEachFactsDocument([](const FactsDocument& document) {
     std::map<std::string, int> expected;
     for (const auto& [name, count] : document.facts["summary"]["classes"].items()) {
-      if (!IsReadClass(name)) expected[UnreadNames().at(name)] += count.get<int>();
+      if (!IsReadClass(name)) expected[ClassWords().at(name)] += count.get<int>();
     }
     std::map<std::string, int> found;
     for (const ONX_UnreadKind& kind : document.model.m_unread) found[kind.m_name] = kind.m_count;
@@ -358,7 +329,7 @@ TEST(ObjectFacts, KindsThatAreNotReadAreCounted) {
     if (found["line"] == 0) found.erase("line");
     // Records of other tables that aren't read are counted in the same list.
     for (const auto& [name, count] : expected) EXPECT_EQ(count, found[name]) << name;
-    for (const auto& [other, name] : UnreadNames()) {
+    for (const auto& [other, name] : ClassWords()) {
       if (!expected.contains(name)) {
         EXPECT_FALSE(found.contains(name)) << name;
       }

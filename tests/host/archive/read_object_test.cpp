@@ -281,7 +281,7 @@ TEST(ReadUserData, StringsOfTheDocumentStandInATableOfTheirOwn) {
   ONX_PlugInData table;
   table.m_plugin_id = host::kDocumentUserStringsId;
   table.m_archive_version = 4;
-  table.m_library_version = 200710174;
+  table.m_opennurbs_version = 200710174;
   table.m_bytes = RecordBytes(4, 200710174, [](ON_BinaryArchive& archive) {
     WriteClass(
         archive, host::kDocumentUserStringsId, [](ON_BinaryArchive& a) { a.WriteInt(0); },

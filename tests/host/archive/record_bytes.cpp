@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
-std::string RecordBytes(int archive_version, unsigned library_version, const WriteContent& write) {
-  ON_BinaryArchive archive(archive_version, library_version);
+std::string RecordBytes(int archive_version, unsigned opennurbs_version,
+                        const WriteContent& write) {
+  ON_BinaryArchive archive(archive_version, opennurbs_version);
   write(archive);
   return archive.TakeBytes();
 }
@@ -40,7 +41,7 @@ static void WriteUserDataHeader(ON_BinaryArchive& archive, const ON_UUID& class_
   if (versions.minor < 2) return;
   archive.WriteBool(false);
   archive.WriteInt(versions.archive_version);
-  archive.WriteInt(static_cast<std::int32_t>(versions.library_version));
+  archive.WriteInt(static_cast<std::int32_t>(versions.opennurbs_version));
 }
 
 void WriteUserData(ON_BinaryArchive& archive, const ON_UUID& class_id,
@@ -53,10 +54,10 @@ void WriteUserData(ON_BinaryArchive& archive, const ON_UUID& class_id,
   });
 }
 
-Reading ReadBytes(const std::string& bytes, int archive_version, unsigned library_version,
+Reading ReadBytes(const std::string& bytes, int archive_version, unsigned opennurbs_version,
                   const std::function<bool(ON_BinaryArchive& archive)>& read) {
   ByteSource source(std::as_bytes(std::span(bytes)));
-  ON_BinaryArchive archive(source, archive_version, library_version);
+  ON_BinaryArchive archive(source, archive_version, opennurbs_version);
   Reading reading;
   reading.ok = read(archive);
   EXPECT_EQ(0, archive.ChunkDepth()) << "a reader left a chunk open";

@@ -10,7 +10,7 @@
 using WriteContent = std::function<void(ON_BinaryArchive& archive)>;
 
 // What `write` writes under these versions.
-std::string RecordBytes(int archive_version, unsigned library_version, const WriteContent& write);
+std::string RecordBytes(int archive_version, unsigned opennurbs_version, const WriteContent& write);
 void WriteChunk(ON_BinaryArchive& archive, std::uint32_t typecode, const WriteContent& content);
 // A chunk whose owner knows what it holds, with a version of two numbers.
 void WriteVersioned(ON_BinaryArchive& archive, int major, int minor, const WriteContent& content);
@@ -21,7 +21,7 @@ void WriteClass(ON_BinaryArchive& archive, const ON_UUID& class_id, const WriteC
 struct UserDataVersions {
   int minor = 2;
   int archive_version = 80;
-  unsigned library_version = 0x90000000;
+  unsigned opennurbs_version = 0x90000000;
 };
 // An item of user data of version 2 whose payload was written under `versions`.
 void WriteUserData(ON_BinaryArchive& archive, const ON_UUID& class_id,
@@ -32,5 +32,5 @@ struct Reading {
   bool ok = false;
   std::vector<std::string> problems;
 };
-Reading ReadBytes(const std::string& bytes, int archive_version, unsigned library_version,
+Reading ReadBytes(const std::string& bytes, int archive_version, unsigned opennurbs_version,
                   const std::function<bool(ON_BinaryArchive& archive)>& read);

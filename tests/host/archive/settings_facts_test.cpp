@@ -51,9 +51,9 @@ std::vector<int> Numbers(ON_Color c) {
 
 // The last digit of a version of the older kind, which is a date, counts builds; the other reader
 // changes it in one document.
-unsigned WithoutBuild(unsigned library_version) {
-  const bool isDate = library_version < 0x80000000u;
-  return isDate ? library_version / 10 : library_version;
+unsigned WithoutBuild(unsigned opennurbs_version) {
+  const bool isDate = opennurbs_version < 0x80000000u;
+  return isDate ? opennurbs_version / 10 : opennurbs_version;
 }
 
 void ExpectPlane(const json& facts, const ON_Plane& plane) {
@@ -275,7 +275,7 @@ TEST(SettingsFacts, PlugInData) {
         if (data.m_plugin_id.ToString() != facts.at("plugin_uuid")) continue;
         ExpectFact(facts, "usertable_3dm_version", data.m_archive_version);
         EXPECT_EQ(WithoutBuild(facts.at("usertable_opennurbs_version")),
-                  WithoutBuild(data.m_library_version));
+                  WithoutBuild(data.m_opennurbs_version));
       }
     }
   });

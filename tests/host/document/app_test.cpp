@@ -47,7 +47,7 @@ ONX_PlugInData DataOf(unsigned id, int archive_version, int major, std::int32_t 
   ONX_PlugInData data;
   data.m_plugin_id = TestId(id);
   data.m_archive_version = archive_version;
-  data.m_library_version = archive.ArchiveOpenNURBSVersion();
+  data.m_opennurbs_version = archive.ArchiveOpenNURBSVersion();
   data.m_bytes = archive.TakeBytes();
   return data;
 }

@@ -12,6 +12,7 @@
 #include "host/document/app.h"
 #include "host/document/object_iterator.h"
 #include "host/document/read_report.h"
+#include "support/class_words.h"
 #include "support/model_corpus.h"
 
 // Every document of the corpus is opened through the application and compared with what another
@@ -198,38 +199,11 @@ void CorpusDocument::ItsViewsAreUsable() {
   EXPECT_EQ(ids.size(), views.size());
 }
 
-// What the command window calls the classes of objects.
-const std::map<std::string, std::string> kClassNames = {
-    {"ON_ArcCurve", "arc"},
-    {"ON_Brep", "brep"},
-    {"ON_ClippingPlaneSurface", "clipping plane"},
-    {"ON_DetailView", "detail view"},
-    {"ON_DimAngular", "angular dimension"},
-    {"ON_DimLinear", "linear dimension"},
-    {"ON_DimOrdinate", "ordinate dimension"},
-    {"ON_DimRadial", "radial dimension"},
-    {"ON_Extrusion", "extrusion"},
-    {"ON_Hatch", "hatch"},
-    {"ON_InstanceRef", "block reference"},
-    {"ON_Leader", "leader"},
-    {"ON_LineCurve", "line"},
-    {"ON_NurbsCurve", "NURBS curve"},
-    {"ON_NurbsSurface", "NURBS surface"},
-    {"ON_PlaneSurface", "plane surface"},
-    {"ON_PolyCurve", "polycurve"},
-    {"ON_PolylineCurve", "polyline"},
-    {"ON_RevSurface", "surface of revolution"},
-    {"ON_SubD", "SubD"},
-    {"ON_SumSurface", "sum surface"},
-    {"ON_Text", "text"},
-    {"ON_TextDot", "text dot"},
-};
-
 // What an object of a class is called. The facts call an annotation arrow of version 2 a line.
 std::string NameOf(const CRhinoObject& object, const std::string& class_name) {
   const std::string found = object.ShortDescription();
   const bool isArrow = class_name == "ON_LineCurve" && found == "annotation arrow";
-  return isArrow ? found : kClassNames.at(class_name);
+  return isArrow ? found : ClassWords().at(class_name);
 }
 
 // The line of the command window, by the facts and by which objects have no geometry.
