@@ -121,7 +121,7 @@ bool ReadFaceName(ON_BinaryArchive& archive, std::string& name) {
 
 bool ReadFontName(ON_BinaryArchive& archive, ON_DimStyle& style) {
   // Arrow blocks; alignments, leader's form; a scale in a chunk; a unit.
-  constexpr std::uint64_t kBlocksSize = 3 * 16;
+  constexpr std::uint64_t kBlocksSize = 48;
   constexpr std::uint64_t kLeaderSize = 5 * 4 + 8 + 1 + 8 + 2 * 4 + 2;
   const ChunkScope scope(archive);
   int major = 0, minor = 0;

@@ -160,7 +160,7 @@ bool ReadPageUnits(ON_BinaryArchive& archive, ON_3dmUnitsAndTolerances& units) {
 
 bool ReadModelAttributes(ON_BinaryArchive& archive, ON_3dmSettings& settings) {
   // Colour, linetype and their sources for plotting new objects.
-  constexpr std::uint64_t kPlotDefaults = 4 * 4;
+  constexpr std::uint64_t kPlotDefaults = 16;
   int major = 0;
   int minor = 0;
   if (!archive.Read3dmChunkVersion(&major, &minor) ||
