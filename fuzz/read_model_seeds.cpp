@@ -49,7 +49,7 @@ void AddTables(ONX_Model& model) {
 void AddLight(ONX_Model& model) {
   ONX_ModelLight& light = model.m_light_table.emplace_back();
   light.m_light = std::make_shared<ON_Light>();
-  light.m_light->m_style = ON_Light::Style::world_spot;
+  light.m_light->m_style = ON_LightStyle::world_spot;
   light.m_light->m_light_name = "spot";
 }
 

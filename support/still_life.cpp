@@ -187,7 +187,7 @@ void AddHelpers(ONX_Model& model) {
 void AddLight(ONX_Model& model) {
   ONX_ModelLight key;
   key.m_light = std::make_shared<ON_Light>();
-  key.m_light->m_style = ON_Light::Style::world_spot;
+  key.m_light->m_style = ON_LightStyle::world_spot;
   key.m_light->m_light_name = "Key";
   key.m_light->m_light_id = IdOf('S', 0);
   key.m_light->m_location = {-110, -90, 150};

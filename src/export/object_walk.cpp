@@ -3,7 +3,7 @@
 #include "export/mesh_writer.h"
 #include "host/geometry/on_mesh.h"
 #include "host/system/interrupt.h"
-#include "shading/attributes.h"
+#include "shading/object_attributes.h"
 
 namespace orv {
 namespace {

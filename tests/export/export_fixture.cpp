@@ -74,7 +74,7 @@ ONX_ModelObject HiddenObjectOf(std::shared_ptr<ON_Geometry> geometry) {
 ONX_ModelLight PointLight() {
   ONX_ModelLight light;
   light.m_light = std::make_shared<ON_Light>();
-  light.m_light->m_style = ON_Light::Style::world_point;
+  light.m_light->m_style = ON_LightStyle::world_point;
   return light;
 }
 

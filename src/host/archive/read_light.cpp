@@ -8,10 +8,10 @@ namespace {
 
 constexpr ON_UUID kLightClass = "85a08513-f383-11d3-bfe7-0010830122f0"_uuid;
 
-ON_Light::Style StyleFromStored(std::int32_t stored) {
-  const bool known = stored >= static_cast<int>(ON_Light::Style::camera_directional) &&
-                     stored <= static_cast<int>(ON_Light::Style::world_rectangular);
-  return known ? static_cast<ON_Light::Style>(stored) : ON_Light::Style::unknown;
+ON_LightStyle StyleFromStored(std::int32_t stored) {
+  const bool known = stored >= static_cast<int>(ON_LightStyle::camera_directional) &&
+                     stored <= static_cast<int>(ON_LightStyle::world_rectangular);
+  return known ? static_cast<ON_LightStyle>(stored) : ON_LightStyle::unknown;
 }
 
 bool ReadLightData(ON_BinaryArchive& archive, ON_Light& light) {

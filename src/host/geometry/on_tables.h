@@ -13,6 +13,10 @@
 
 class ON_Layer : public ON_Object {
  public:
+  // The material of objects that take theirs from the layer; -1 none.
+  int RenderMaterialIndex() const { return m_render_material_index; }
+  void SetRenderMaterialIndex(int index) { m_render_material_index = index; }
+
   ON_UUID m_id;
   std::string m_name;
   ON_Color m_color;
@@ -32,6 +36,11 @@ class ON_Texture : public ON_Object {
  public:
   // The values are those of documents; others occur (physically based kinds) and are kept.
   enum class Type : int { none = 0, bitmap = 1, bump = 2, transparency = 3, environment = 86 };
+
+  // True when the texture is tiled along coordinate `dir` (0 or 1): exactly one row of the
+  // transform depends on that coordinate alone. The row gives the number of tiles and the offset;
+  // 1 and 0 when it isn't tiled.
+  bool IsTiled(int dir, double* count, double* offset) const;
 
   ON_UUID m_texture_id;
   int m_mapping_channel_id = 1;
@@ -53,6 +62,23 @@ class ON_Texture : public ON_Object {
 
 class ON_Material : public ON_Object {
  public:
+  // The shine of the most polished material.
+  static constexpr double MaxShine = 255;
+
+  // 0 to MaxShine.
+  double Shine() const { return m_shine; }
+  // 0 opaque to 1.
+  double Transparency() const { return m_transparency; }
+  void SetTransparency(double transparency) { m_transparency = transparency; }
+  ON_Color Diffuse() const { return m_diffuse; }
+  void SetDiffuse(ON_Color diffuse) { m_diffuse = diffuse; }
+  // The position of the first texture of the kind behind position `after` (-1: of all); -1 when
+  // there is none. With a file name, only textures of that file count.
+  int FindTexture(const char* file_name, ON_Texture::Type type, int after = -1) const;
+  // The position in the document's material table; -1 for a material that is in none, such as the
+  // host's default material.
+  int MaterialIndex() const { return m_material_index; }
+
   ON_UUID m_id;
   std::string m_name;
   ON_UUID m_plugin_id;
@@ -69,6 +95,8 @@ class ON_Material : public ON_Object {
   // 0 opaque to 1.
   double m_transparency = 0;
   std::vector<ON_Texture> m_textures;
+  // Set by the document's material table.
+  int m_material_index = -1;
 };
 
 struct ON_Group {

@@ -426,7 +426,7 @@ TEST_P(ModelWriterTest, KeepsLights) {
   ONX_ModelLight& light = model_.m_light_table.emplace_back();
   light.m_light = std::make_shared<ON_Light>();
   light.m_light->m_bOn = false;
-  light.m_light->m_style = ON_Light::Style::world_rectangular;
+  light.m_light->m_style = ON_LightStyle::world_rectangular;
   light.m_light->m_intensity = 0.5;
   light.m_light->m_diffuse = {1, 2, 3};
   light.m_light->m_direction = {0, 1, -2};
@@ -444,7 +444,7 @@ TEST_P(ModelWriterTest, KeepsLights) {
   ASSERT_EQ(read.m_light_table.size(), 1u);
   const ON_Light& back = *read.m_light_table[0].m_light;
   EXPECT_FALSE(back.m_bOn);
-  EXPECT_EQ(back.m_style, ON_Light::Style::world_rectangular);
+  EXPECT_EQ(back.m_style, ON_LightStyle::world_rectangular);
   EXPECT_EQ(back.m_intensity, 0.5);
   EXPECT_EQ(back.m_diffuse, ON_Color(1, 2, 3));
   EXPECT_EQ(back.m_direction, (ON_3dVector{0, 1, -2}));

@@ -340,7 +340,7 @@ TEST(ReadLight, AnUnknownStyleIsKeptApart) {
     const auto [reading, light] = WriteAndRead<ONX_ModelLight>(host::ReadLightRecord, 4, 200710174,
                                                                kLightClass, write(12, minor));
     ASSERT_TRUE(reading.ok) << minor;
-    EXPECT_EQ(ON_Light::Style::world_rectangular, light.m_light->m_style);
+    EXPECT_EQ(ON_LightStyle::world_rectangular, light.m_light->m_style);
     EXPECT_EQ("lamp", light.m_light->m_light_name);
     EXPECT_EQ(minor >= 1 ? 2 : 1, light.m_light->m_length.x);
     EXPECT_EQ(minor >= 2 ? 0.75 : ON_UNSET_VALUE, light.m_light->m_hotspot);
@@ -349,6 +349,6 @@ TEST(ReadLight, AnUnknownStyleIsKeptApart) {
     const auto light = WriteAndRead<ONX_ModelLight>(host::ReadLightRecord, 4, 200710174,
                                                     kLightClass, write(style, 0))
                            .value;
-    EXPECT_EQ(ON_Light::Style::unknown, light.m_light->m_style) << style;
+    EXPECT_EQ(ON_LightStyle::unknown, light.m_light->m_style) << style;
   }
 }

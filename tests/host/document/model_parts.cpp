@@ -26,7 +26,7 @@ ONX_ModelObject TriangleObject(const ON_UUID& id, ON_3fPoint corner) {
 ONX_ModelLight PointLight(const ON_UUID& id) {
   ONX_ModelLight light;
   light.m_light = std::make_shared<ON_Light>();
-  light.m_light->m_style = ON_Light::Style::world_point;
+  light.m_light->m_style = ON_LightStyle::world_point;
   light.m_attributes.m_uuid = id;
   return light;
 }

@@ -126,12 +126,12 @@ TEST(Light, OnlyALinearOrRectangularOneIsMoreThanAPoint) {
   light.m_location = {1, 1, 1};
   light.m_length = {4, 0, 0};
   light.m_width = {0, 0, -2};
-  light.m_style = ON_Light::Style::world_spot;
+  light.m_style = ON_LightStyle::world_spot;
   EXPECT_EQ(light.BoundingBox().m_max, (ON_3dPoint{1, 1, 1}));
-  light.m_style = ON_Light::Style::world_linear;
+  light.m_style = ON_LightStyle::world_linear;
   EXPECT_EQ(light.BoundingBox().m_min, (ON_3dPoint{1, 1, 1}));
   EXPECT_EQ(light.BoundingBox().m_max, (ON_3dPoint{5, 1, 1}));
-  light.m_style = ON_Light::Style::world_rectangular;
+  light.m_style = ON_LightStyle::world_rectangular;
   EXPECT_EQ(light.BoundingBox().m_min, (ON_3dPoint{1, 1, -1}));
   EXPECT_EQ(light.BoundingBox().m_max, (ON_3dPoint{5, 1, 1}));
 }
