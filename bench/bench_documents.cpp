@@ -8,6 +8,7 @@
 #include <numbers>
 #include <utility>
 
+#include "host/geometry/on_light.h"
 #include "support/shapes.h"
 
 namespace {
@@ -72,6 +73,61 @@ ONX_Model ManySmallObjects() {
     const double y = 2.5 * (i / kRow);
     model.m_object_table.push_back(
         ObjectOf(MakeBox({{x, y, 0}, {x + 1, y + 1, 1}}), "box " + std::to_string(i)));
+  }
+  return model;
+}
+
+namespace {
+
+ON_Material MaterialOf(int number) {
+  ON_Material material;
+  material.m_name = "material " + std::to_string(number);
+  material.m_diffuse = ON_Color(number, 100, 50);
+  if (number % 2 == 0) return material;
+  material.SetUserString("OrvSurface",
+                         "\"VPlastic\" \"float Diffuse\" [0.5] \"color SpecularColor\" [1 1 1] "
+                         "\"string ColorMapName\" [\"wood.tx\"] \"float Roughness\" [0.1]");
+  material.SetUserString("OrvDisplacement", "\"VDents\" \"float BumpMax\" [0.1]");
+  material.SetUserString("OrvDisplacementMode", "Regular");
+  return material;
+}
+
+ONX_ModelLight LightOf(int number) {
+  ONX_ModelLight light;
+  light.m_light = std::make_shared<ON_Light>();
+  light.m_light->m_style =
+      number % 2 == 0 ? ON_LightStyle::world_point : ON_LightStyle::world_rectangular;
+  light.m_light->m_location = {1.0 * number, 0, 10};
+  light.m_light->SetUserString("OrvLightIntensity", "2.5");
+  return light;
+}
+
+}  // namespace
+
+ONX_Model ManyObjectsWithoutFaces(int attributeCount) {
+  constexpr int kCount = 20000, kMaterials = 200, kLights = 50, kGroups = 100;
+  constexpr std::array<std::array<const char*, 2>, 5> kStrings{{{"OrvCastShadow", "No"},
+                                                                {"OrvWeldPolyVerts", "Yes"},
+                                                                {"OrvUseFlatness", "Yes"},
+                                                                {"OrvFlatness", "0.25"},
+                                                                {"OrvCurveType", "ribbon"}}};
+  ONX_Model model;
+  model.m_3dm_file_version = 50;
+  for (int i = 0; i < kMaterials; ++i) model.m_material_table.push_back(MaterialOf(i));
+  for (int i = 0; i < kLights; ++i) model.m_light_table.push_back(LightOf(i));
+  for (int i = 0; i < kGroups; ++i) {
+    model.m_group_table.push_back({{}, "group " + std::to_string(i), i});
+  }
+  for (int i = 0; i < kCount; ++i) {
+    ON_3dmObjectAttributes& attributes =
+        model.m_object_table.emplace_back(ObjectOf(ON_Mesh(), "object " + std::to_string(i)))
+            .m_attributes;
+    attributes.m_material_source = ON_AttributeSource::object;
+    attributes.m_material_index = i % kMaterials;
+    attributes.m_group = {i % kGroups};
+    for (int string = 0; string < attributeCount; ++string) {
+      attributes.SetUserString(kStrings.at(string)[0], kStrings.at(string)[1]);
+    }
   }
   return model;
 }

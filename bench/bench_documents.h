@@ -26,6 +26,11 @@ ONX_Model ModelOf(ON_Mesh mesh);
 // A document of 20,000 boxes, each with its name.
 ONX_Model ManySmallObjects();
 
+// A document of 20,000 named meshes without faces in groups, with 200 materials, of which every
+// second one has shaders of its own, and 50 lights. Each object has the first `attributeCount` of
+// five attribute strings.
+ONX_Model ManyObjectsWithoutFaces(int attributeCount);
+
 // A file that is there as long as the object is.
 class BenchFile {
  public:

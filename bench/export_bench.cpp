@@ -55,8 +55,9 @@ void WholeExport(benchmark::State& state) {
   CRhinoDoc doc;
   doc.SetModel(ModelOf(DenseMesh()), "");
   orv::RenderSettings settings;
+  orv::TextureConverter textures;
   WriteFiles(state, [&](const std::string& path) {
-    return orv::ExportSceneRib(path, doc, {}, 1, {}, settings, nullptr) == 1;
+    return orv::ExportSceneRib(path, doc, {}, 1, {}, settings, nullptr, textures) == 1;
   });
   CountNumbers(state, DenseMesh());
 }

@@ -67,10 +67,12 @@ int MeasureDocument(const std::string& path) {
   CRhinoDoc doc;
   doc.SetModel(std::move(model), path);
   orv::RenderSettings settings;
+  orv::TextureConverter textures;
   const BenchFile file("memory.rib");
   int exported = 0;
-  const Usage exporting = Measure(
-      [&] { exported = orv::ExportSceneRib(file.Path(), doc, {}, 1, {}, settings, nullptr); });
+  const Usage exporting = Measure([&] {
+    exported = orv::ExportSceneRib(file.Path(), doc, {}, 1, {}, settings, nullptr, textures);
+  });
   std::printf("model %.1f MB, opening +%.1f MB, export +%.1f MB\n", opening.kept,
               opening.peakBeyond, exporting.peakBeyond);
   return exported == 1 ? 0 : 1;

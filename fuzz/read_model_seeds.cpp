@@ -3,6 +3,7 @@
 
 #include "host/archive/model.h"
 #include "host/geometry/on_mesh.h"
+#include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
 #include "host/system/file.h"
 #include "host/system/path.h"
@@ -70,6 +71,9 @@ void AddObjects(ONX_Model& model) {
   auto cloud = std::make_shared<ON_PointCloud>();
   cloud->m_P = {{0, 0, 0}, {1, 1, 1}};
   AddObject(model, std::move(cloud));
+  auto plane = std::make_shared<ON_ClippingPlaneSurface>();
+  plane->m_viewport_ids = {Id(7), Id(8)};
+  AddObject(model, std::move(plane));
   AddObject(model, nullptr);
 }
 

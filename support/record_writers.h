@@ -5,6 +5,7 @@
 #include "host/archive/binary_archive.h"
 #include "host/archive/model.h"
 #include "host/geometry/on_mesh.h"
+#include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
 
 // One function per kind of record; each writes the whole record with its chunk.
@@ -30,6 +31,7 @@ void WriteObject(ON_BinaryArchive& archive, const ONX_ModelObject& object);
 void WriteAttributes(ON_BinaryArchive& archive, const ON_3dmObjectAttributes& attributes);
 // A geometry's data without a wrapper.
 void WriteMeshData(ON_BinaryArchive& archive, const ON_Mesh& mesh);
+void WriteClippingPlaneData(ON_BinaryArchive& archive, const ON_ClippingPlaneSurface& surface);
 
 // The table of one plug-in.
 void WritePlugInData(ON_BinaryArchive& archive, const ONX_PlugInData& data);

@@ -8,6 +8,7 @@ namespace {
 constexpr ON_UUID kMeshClass = "4ed7d4e4-e947-11d3-bfe5-0010830122f0"_uuid;
 constexpr ON_UUID kPointClass = "c3101a1d-f157-11d3-bfe7-0010830122f0"_uuid;
 constexpr ON_UUID kPointCloudClass = "2488f347-f8fa-11d3-bfec-0010830122f0"_uuid;
+constexpr ON_UUID kClippingPlaneClass = "dbc5a584-ce3f-4170-98a8-497069ca5c36"_uuid;
 constexpr ON_UUID kLightClass = "85a08513-f383-11d3-bfe7-0010830122f0"_uuid;
 
 void WritePointData(ON_BinaryArchive& archive, const ON_Point& point) {
@@ -79,6 +80,10 @@ GeometryWriter WriterFor(const ONX_ModelObject& object) {
   if (const ON_PointCloud* cloud = ON_PointCloud::Cast(geometry)) {
     return {kPointCloudClass,
             [cloud](ON_BinaryArchive& data) { WritePointCloudData(data, *cloud); }};
+  }
+  if (const ON_ClippingPlaneSurface* plane = ON_ClippingPlaneSurface::Cast(geometry)) {
+    return {kClippingPlaneClass,
+            [plane](ON_BinaryArchive& data) { WriteClippingPlaneData(data, *plane); }};
   }
   return {object.m_class_id, [](ON_BinaryArchive& data) { data.Write3dmChunkVersion(1, 0); }};
 }

@@ -1,6 +1,8 @@
 #include "export/object_walk.h"
 
+#include "export/attribute_block.h"
 #include "export/mesh_writer.h"
+#include "export/object_material.h"
 #include "host/geometry/on_mesh.h"
 #include "host/system/interrupt.h"
 #include "shading/object_attributes.h"
@@ -8,31 +10,82 @@
 namespace orv {
 namespace {
 
-// The block of a mesh object. False when the mesh writer has failed.
-bool WriteMeshObject(RibWriter& writer, const RIBRhinoObject& piece, const ON_Mesh& mesh) {
-  RibPrintf(writer, "\n");
-  RibPrintf(writer, "AttributeBegin\n");
-  writer.Indent += 2;
-  // Groups, material and attributes.
-  if (mesh.FaceCount() > 0) {
-    const ObjectAttributes attributes = ReadObjectAttributes(*piece.Object);
-    if (!WriteMesh(writer, mesh, attributes.WeldPolyVerts, attributes.SubdivisionMesh)) {
+constexpr int kFirstToonId = 100000;
+constexpr int kToonIdPerObject = 2;
+
+// Writes the blocks of one export's objects.
+class ObjectWriter {
+ public:
+  ObjectWriter(RibWriter& writer, const CRhinoDoc& doc, const RenderSettings& settings,
+               bool useObjectNumbers, TextureConverter& textures)
+      : writer_(writer),
+        doc_(doc),
+        settings_(settings),
+        useObjectNumbers_(useObjectNumbers),
+        materials_(settings, textures) {}
+
+  // False when a writer has failed.
+  [[nodiscard]] bool Write(const RIBRhinoObject& piece) {
+    const ON_Geometry* geometry = piece.Object->Geometry();
+    if (geometry == nullptr || !piece.Object->IsVisible()) return true;
+    if (geometry->HasBrepForm()) return WriteSurface(*piece.Object);
+    if (const ON_Mesh* mesh = ON_Mesh::Cast(geometry)) return WriteMeshObject(*piece.Object, *mesh);
+    // Curves, point clouds and points. Annotations.
+    return true;
+  }
+
+ private:
+  void BeginBlock() {
+    RibPrintf(writer_, "\n");
+    RibPrintf(writer_, "AttributeBegin\n");
+    writer_.Indent += 2;
+  }
+  void EndBlock() {
+    writer_.Indent -= 2;
+    RibPrintf(writer_, "AttributeEnd\n");
+  }
+
+  // What stands in the block before the geometry. True when an archive takes the geometry's place.
+  bool WriteLook(const CRhinoObject& object, const ObjectAttributes& attributes) {
+    // Maps of a bake pass.
+    WriteGroups(writer_, object, doc_);
+    bool wantsRenderMesh = false;
+    WriteObjectMaterial(writer_, object, settings_, materials_, wantsRenderMesh, useObjectNumbers_);
+    return WriteAttributeBlock(writer_, object, attributes, settings_);
+  }
+
+  bool WriteSurface(const CRhinoObject& object) {
+    BeginBlock();
+    if (settings_.Outline && settings_.ToonId == kToonIdPerObject) {
+      RibPrintf(writer_, "Attribute \"toon\" \"id\" [%d]\n", nextToonId_++);
+    }
+    const bool isReplaced = WriteLook(object, ReadObjectAttributes(object));
+    if (!isReplaced) {
+      // Render meshes or NURBS.
+    }
+    EndBlock();
+    return true;
+  }
+
+  bool WriteMeshObject(const CRhinoObject& object, const ON_Mesh& mesh) {
+    const ObjectAttributes attributes = ReadObjectAttributes(object);
+    BeginBlock();
+    const bool isReplaced = WriteLook(object, attributes);
+    if (!isReplaced && mesh.FaceCount() > 0 &&
+        !WriteMesh(writer_, mesh, attributes.WeldPolyVerts, attributes.SubdivisionMesh)) {
       return false;
     }
+    EndBlock();
+    return true;
   }
-  writer.Indent -= 2;
-  RibPrintf(writer, "AttributeEnd\n");
-  return true;
-}
 
-bool WriteObject(RibWriter& writer, const RIBRhinoObject& piece) {
-  const ON_Geometry* geometry = piece.Object->Geometry();
-  if (geometry == nullptr || !piece.Object->IsVisible()) return true;
-  // Surfaces.
-  if (const ON_Mesh* mesh = ON_Mesh::Cast(geometry)) return WriteMeshObject(writer, piece, *mesh);
-  // Curves, point clouds and points. Annotations.
-  return true;
-}
+  RibWriter& writer_;
+  const CRhinoDoc& doc_;
+  const RenderSettings& settings_;
+  bool useObjectNumbers_;
+  SceneMaterials materials_;
+  int nextToonId_ = kFirstToonId;
+};
 
 }  // namespace
 
@@ -47,11 +100,14 @@ std::vector<RIBRhinoObject> FlattenObjects(const ObjectList& objects) {
   return pieces;
 }
 
-bool WriteObjects(RibWriter& writer, const std::vector<RIBRhinoObject>& objects) {
+bool WriteObjects(RibWriter& writer, const CRhinoDoc& doc,
+                  const std::vector<RIBRhinoObject>& objects, const RenderSettings& settings,
+                  const IprSettings* iprSettings, TextureConverter& textures) {
+  ObjectWriter objectWriter(writer, doc, settings, iprSettings != nullptr, textures);
   for (const RIBRhinoObject& object : objects) {
     if (host::InterruptRequested()) return false;
     if (writer.HasError()) return true;
-    if (!WriteObject(writer, object)) return false;
+    if (!objectWriter.Write(object)) return false;
   }
   return !host::InterruptRequested();
 }

@@ -5,6 +5,9 @@
 #include "export/object_list.h"
 #include "export/rib_writer.h"
 #include "host/geometry/on_xform.h"
+#include "settings/ipr_settings.h"
+#include "settings/render_settings.h"
+#include "shading/texture_converter.h"
 
 namespace orv {
 
@@ -22,9 +25,13 @@ struct RIBRhinoObject {
 // The list of what is to be written, in the order of `objects`.
 std::vector<RIBRhinoObject> FlattenObjects(const ObjectList& objects);
 
-// Writes each visible object, each with a blank line before it. False when a writer has failed or
-// the user has cancelled, even during the last object; an error of the stream ends the walk and is
-// left to the closing.
-[[nodiscard]] bool WriteObjects(RibWriter& writer, const std::vector<RIBRhinoObject>& objects);
+// Writes the block of each visible object, each with a blank line before it: groups, material,
+// attributes and geometry. An interactive session (`iprSettings` not null) names objects by their
+// runtime serial numbers. False when a writer has failed or the user has cancelled, even during the
+// last object; an error of the stream ends the walk and is left to the closing.
+[[nodiscard]] bool WriteObjects(RibWriter& writer, const CRhinoDoc& doc,
+                                const std::vector<RIBRhinoObject>& objects,
+                                const RenderSettings& settings, const IprSettings* iprSettings,
+                                TextureConverter& textures);
 
 }  // namespace orv

@@ -12,6 +12,7 @@
 #include "export/output_file.h"
 #include "export/rib_writer.h"
 #include "export/sampling.h"
+#include "export/scene_options.h"
 #include "export/view_choice.h"
 #include "host/document/app.h"
 #include "host/system/file.h"
@@ -28,17 +29,30 @@ struct Scene {
   ObjectList objects;
   RenderSettings& settings;
   const IprSettings* iprSettings;
+  TextureConverter& textures;
 };
 
-void WriteOutput(RibWriter& writer, const RenderSettings& settings) {
+void WriteOutput(RibWriter& writer, const Scene& scene) {
+  const RenderSettings& settings = scene.settings;
   // Bake map pass.
   if (settings.BakeEnable && !settings.BakeMesh) return;
   if (settings.BakeMesh) {
     RibPrintf(writer, "Display \"bakemesh.tif\" \"framebuffer\" \"rgba\"\n");
   } else if (settings.WriteDisplay) {
-    // Light channel counts.
-    WriteImageOutput(writer, settings, LightChannelCounts{});
+    WriteImageOutput(writer, settings, CountLightChannels(settings, scene.objects));
   }
+}
+
+// What lights the scene. False when the stream has an error.
+bool WriteLights(RibWriter& writer, const Scene& scene) {
+  Lighting lighting;
+  WriteGlobalLight(writer, scene.settings, scene.iprSettings, lighting);
+  if (!WriteDocumentLights(writer, scene.objects, scene.settings, scene.iprSettings, lighting)) {
+    return false;
+  }
+  WriteVisibility(writer, scene.settings, lighting);
+  WriteDefaultLight(writer, scene.view, scene.settings, lighting);
+  return true;
 }
 
 // The order of the file. False when the export has failed or was cancelled.
@@ -50,17 +64,19 @@ bool WriteScene(RibWriter& writer, const Scene& scene) {
     WriteSampling(writer, settings);
     // Mesh of a bake pass.
     WriteExposure(writer, settings);
-    WriteOutput(writer, settings);
+    WriteOutput(writer, scene);
     WriteTiles(writer, settings);
     WriteCamera(writer, scene.view, scene.doc, settings);
-    // Scene-wide options.
+    WriteSceneOptions(writer, scene.doc, scene.view, scene.objects, settings, scene.iprSettings,
+                      scene.textures);
     BeginWorld(writer);
-    // Global illumination light.
-    if (!WriteLights(writer, scene.objects, settings, scene.iprSettings)) return false;
-    // Shadow attributes and default light.
+    if (!WriteLights(writer, scene)) return false;
   }
   // Render meshes of all surfaces.
-  if (!WriteObjects(writer, FlattenObjects(scene.objects))) return false;
+  if (!WriteObjects(writer, scene.doc, FlattenObjects(scene.objects), settings, scene.iprSettings,
+                    scene.textures)) {
+    return false;
+  }
   if (!settings.ArchiveOnly) {
     // Freed block archives.
     EndWorld(writer);
@@ -106,7 +122,7 @@ bool ReplaceOlderFile(const std::string& path, const Scene& scene, int reparamet
   }
   if (WriteFile(path, scene, reparameterize)) {
     olderFile.Discard();
-    // Failed textures are forgotten.
+    scene.textures.ForgetFailures();
     return true;
   }
   if (!olderFile.Restore()) {
@@ -121,7 +137,7 @@ bool ReplaceOlderFile(const std::string& path, const Scene& scene, int reparamet
 int ExportSceneRib(std::string_view fileName, CRhinoDoc& doc,
                    const CRhinoFileWriteOptions& writeOptions, int reparameterize,
                    std::string_view /*ignoredText*/, RenderSettings& settings,
-                   const IprSettings* iprSettings) {
+                   const IprSettings* iprSettings, TextureConverter& textures) {
   ObjectList objects = GatherObjects(doc, writeOptions.Mode(0), settings);
   // Objects that a bake pass makes maps for.
   const CRhinoView* view = ChooseView(doc, settings.ViewName);
@@ -135,8 +151,11 @@ int ExportSceneRib(std::string_view fileName, CRhinoDoc& doc,
     RhinoApp().Print("Missing rib file name");
     return 0;
   }
-  const Scene scene{doc, *view, std::move(objects), settings, iprSettings};
-  return ReplaceOlderFile(path, scene, reparameterize) ? 1 : 0;
+  const Scene scene{doc, *view, std::move(objects), settings, iprSettings, textures};
+  textures.BeginExport();
+  const bool written = ReplaceOlderFile(path, scene, reparameterize);
+  textures.EndExport();
+  return written ? 1 : 0;
 }
 
 }  // namespace orv

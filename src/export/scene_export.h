@@ -6,6 +6,7 @@
 #include "host/document/file_options.h"
 #include "settings/ipr_settings.h"
 #include "settings/render_settings.h"
+#include "shading/texture_converter.h"
 
 namespace orv {
 
@@ -16,10 +17,11 @@ namespace orv {
 // added to its name. Mode 0 of `writeOptions` asks for the selected objects only, with all lights.
 // `reparameterize` is for NURBS surfaces; `ignoredText` is not read. `iprSettings` is null unless
 // an interactive session asks. The settings' result fields (FormatWidth, FormatHeight, ViewportId,
-// CameraMatrix, CameraFov) become what was written.
+// CameraMatrix, CameraFov) become what was written. `textures` converts the images; those that
+// failed in a finished export are tried again by the next one.
 int ExportSceneRib(std::string_view fileName, CRhinoDoc& doc,
                    const CRhinoFileWriteOptions& writeOptions, int reparameterize,
                    std::string_view ignoredText, RenderSettings& settings,
-                   const IprSettings* iprSettings);
+                   const IprSettings* iprSettings, TextureConverter& textures);
 
 }  // namespace orv

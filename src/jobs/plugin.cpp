@@ -16,6 +16,11 @@ void CSceneOutPlugIn::StoreSettings(const RenderSettings& settings) {
   StoreRenderSettings(settings, user_strings_, user_);
 }
 
+TextureConverter& CSceneOutPlugIn::Textures() {
+  textures_.TextureCacheDir = user_.TextureCacheDir;
+  return textures_;
+}
+
 ON_UUID CSceneOutPlugIn::PlugInID() const {
   return "7d1f42a6-35c8-4b9e-9c07-5e2a1d60b3f4"_uuid;
 }
@@ -62,7 +67,7 @@ int CSceneOutPlugIn::WriteFile(std::string_view fileName, CRhinoDoc& doc,
                                const CRhinoFileWriteOptions& options) {
   RenderSettings settings;
   return ExportSceneRib(fileName, doc, options, user_.Reparameterize ? 1 : 0, PlugInFileName(),
-                        settings, nullptr);
+                        settings, nullptr, Textures());
 }
 
 }  // namespace orv

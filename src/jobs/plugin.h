@@ -9,6 +9,7 @@
 #include "host/geometry/on_user_string_list.h"
 #include "settings/render_settings.h"
 #include "settings/user_values.h"
+#include "shading/texture_converter.h"
 
 namespace orv {
 
@@ -28,6 +29,9 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
   // The values that the user keeps across documents.
   UserValues& User() { return user_; }
   const UserValues& User() const { return user_; }
+
+  // Converts the images of exports, into the user's folder for textures.
+  TextureConverter& Textures();
 
   // A record of the document's settings and the user's values.
   RenderSettings LoadSettings() const;
@@ -62,6 +66,7 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
  private:
   ON_UserStringList user_strings_;
   UserValues user_;
+  TextureConverter textures_;
   std::vector<std::unique_ptr<CRhinoCommand>> owned_commands_;
   std::vector<CRhinoCommand*> commands_;
 };

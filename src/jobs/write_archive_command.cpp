@@ -72,7 +72,7 @@ CommandResult CCommandOrvWriteArchive::RunCommand(CRhinoCommandContext& context)
   constexpr int kReparameterize = 1;
   // What goes wrong is told by the export.
   static_cast<void>(ExportSceneRib(settings.RibName, context.m_doc, options, kReparameterize, {},
-                                   settings, nullptr));
+                                   settings, nullptr, PlugIn().Textures()));
   return CommandResult::success;
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <chrono>
+#include <compare>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
-#include <tuple>
-
-#include "host/document/id_map.h"
 
 namespace orv {
 
@@ -18,11 +18,13 @@ class TextureConverter {
  public:
   // The folder of the textures; empty means beside each image.
   std::string TextureCacheDir;
+  // After this time a conversion is broken off.
+  std::chrono::milliseconds TimeLimit = std::chrono::minutes(2);
 
   // The name of the texture for an image: the one that was made or is up to date, or `source` when
   // there is none, when `convertTextures` is false, or for a file that needs no conversion (.tx,
   // .ai, eps). `mode` says what is beyond the image's border: "periodic" or "clamp". `gamma` is
-  // that of the image's colours.
+  // that of the image's colours; one that has no reciprocal counts as 1.
   std::string ConvertTexture(std::string_view source, std::string_view mode, bool convertTextures,
                              double gamma);
   // The same for the value of a shader parameter, where quotes and the like may be escaped. False,
@@ -35,6 +37,26 @@ class TextureConverter {
   void EndExport();
   // Images that failed are tried again from now on.
   void ForgetFailures();
+
+ private:
+  struct Request {
+    std::string Source;
+    std::string Mode;
+    double Gamma;
+    friend auto operator<=>(const Request&, const Request&) = default;
+  };
+
+  std::string FindOrMakeTexture(const Request& request);
+  bool MakeTexture(const Request& request, const std::string& target) const;
+  std::string RealName(std::string_view value);
+  void ForgetAnswers();
+
+  // FailedTextures: the sources that are not tried again.
+  std::set<std::string, std::less<>> failed_;
+  bool isExporting_ = false;
+  // What was found out during this export: textures, and the files that parameters name.
+  std::map<Request, std::string> textures_;
+  std::map<std::string, std::string, std::less<>> realNames_;
 };
 
 }  // namespace orv

@@ -12,7 +12,9 @@
 #include "host/document/doc.h"
 #include "host/document/file_options.h"
 #include "host/geometry/on_mesh.h"
+#include "settings/ipr_settings.h"
 #include "settings/render_settings.h"
+#include "shading/texture_converter.h"
 #include "support/temp_folder.h"
 
 // What a function writes into a stream of its own. The stream's file is `name` in a folder of its
@@ -55,6 +57,9 @@ class ExportTest : public testing::Test {
   CRhinoDoc doc_;
   orv::RenderSettings settings_;
   CRhinoFileWriteOptions options_;
+  // Not null for an interactive export.
+  const orv::IprSettings* iprSettings_ = nullptr;
+  orv::TextureConverter textures_;
   // All that the command window has shown.
   std::string messages_;
 };

@@ -32,11 +32,40 @@ Clipping 1.9 105
 Format 640 480 1
 Projection "perspective" "fov" [ 45 ]
 ConcatTransform [ 1 0 0 0.0 0 0 1 0.0 0 1 0 0.0 -1 -2 10 1.0 ]
+TransformBegin
+  Rotate 0 0 0 1
+  CoordinateSystem "bgspace"
+TransformEnd
+Imager "background" "color background" [ 0.431373 0.431373 0.431373 ]
+TransformBegin
+  Rotate 0 1 0 0
+  Rotate 0 0 1 0
+  Rotate 0 0 0 1
+  CoordinateSystem "gispace"
+TransformEnd
+Option "trace" "integer maxdepth" 6
+TransformBegin
+  Rotate 0 1 0 0
+  Rotate 0 0 1 0
+  Rotate 0 0 0 1
+  CoordinateSystem "reflectionspace"
+TransformEnd
+Option "reflection" "color background" [0.2 0.2 0.2]
+Attribute "trace" "float bias" [0.01]
+Option "render" "prefilterclamptoalpha" [1]
+Option "user" "float sceneunitsize" [0.001]
+Option "user" "float illuminanceunity" [500]
 
 WorldBegin
   Attribute "render" "facevertex" [1]
+  Attribute "visibility" "integer trace" [1]
+  LightSource "distantlight" 1 "intensity" [ 1 ] "lightcolor" [ 1 1 1 ] "from" [ 1 -10 2 ] "to" [ 1 0 2 ]
 
   AttributeBegin
+    Surface "VRubber" "float Diffuse" [1] "float DiffuseRoughness" [0] "float SpecularRoughness" [0.1] "color SpecularColor" [0 0 0] "string ColorMapName" [""] "string OpacityMapName" [""]
+    Displacement "null"
+    Color [ 1 1 1 ]
+    Opacity [ 1 1 1 ]
     PointsPolygons [ 4 ] [0 1 2 3 ]
      "P" [ 0 0 0 1 0 0 1 1 0 0 1 0  ]
   AttributeEnd
@@ -75,8 +104,7 @@ TEST_F(SceneExportTest, ANumberedFrameIsOneInNameAndBlock) {
                              "\n"
                              "FrameBegin 12\n"
                              "  PixelSamples 4 4\n"));
-  EXPECT_THAT(rib, HasSubstr("\n\n  WorldBegin\n    Attribute \"render\" \"facevertex\" [1]\n"
-                             "\n    AttributeBegin\n"));
+  EXPECT_THAT(rib, HasSubstr("\n\n  WorldBegin\n    Attribute \"render\" \"facevertex\" [1]\n    "));
   EXPECT_THAT(rib, testing::EndsWith("    AttributeEnd\n\n  WorldEnd\n\nFrameEnd\n"));
 }
 
@@ -93,6 +121,7 @@ TEST_F(SceneExportTest, AnArchiveHoldsOnlyObjects) {
   model_.m_object_table[1].m_attributes.m_mode = ON_ObjectMode::hidden;
   Open();
   settings_.ArchiveOnly = true;
+  settings_.WriteMaterials = false;
   settings_.WriteCamera = false;
   settings_.WriteDisplay = false;
   settings_.FrameNumber = -1;
@@ -107,6 +136,7 @@ TEST_F(SceneExportTest, AnArchiveHoldsOnlyObjects) {
 TEST_F(SceneExportTest, AnEmptyArchiveIsAnEmptyFile) {
   Open();
   settings_.ArchiveOnly = true;
+  settings_.WriteMaterials = false;
   EXPECT_EQ(Rib(), "");
 }
 
@@ -114,6 +144,7 @@ TEST_F(SceneExportTest, AnArchiveOfANumberedFrameHasTheNumberInItsNameOnly) {
   model_.m_object_table = {ObjectOf(SquareMesh())};
   Open();
   settings_.ArchiveOnly = true;
+  settings_.WriteMaterials = false;
   settings_.FrameNumber = 12;
   EXPECT_EQ(ExportTo(folder_.File("a.rib")), 1);
   EXPECT_EQ(FileContent(folder_.File("a_0012.rib")),

@@ -12,6 +12,7 @@ namespace {
 
 using testing::AllOf;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -68,6 +69,19 @@ TEST_F(CommandLineTest, ScriptsRunInTheirOrder) {
             "2 objects added to the selection.\n0 objects added to the selection.\n"
             "2 objects removed from the selection.\n2 objects added to the selection.\n");
   EXPECT_EQ(result.err, "");
+}
+
+TEST_F(CommandLineTest, EditsAreUndoneAndRedoneByTheCommand) {
+  WriteMeshes("model.3dm");
+  const ProcessResult result =
+      Run({"model.3dm", "-c", "SelAll SetUserText OrvArchive \"a b.rib\" Hide Undo Undo Redo", "-c",
+           "SelName Mesh2 What Undo Show"});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_THAT(result.out, StartsWith("2 objects added to the selection.\n"
+                                     "OrvArchive set on 2 objects.\n2 objects hidden.\n"
+                                     "Undo: Hide.\nUndo: SetUserText.\nRedo: SetUserText.\n"));
+  EXPECT_THAT(result.out, HasSubstr("\n  user string: OrvArchive=a b.rib\n"));
+  EXPECT_THAT(result.out, EndsWith("Undo: SetUserText.\n0 objects shown.\n"));
 }
 
 TEST_F(CommandLineTest, StatusIsTheWorstResult) {

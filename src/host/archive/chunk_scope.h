@@ -18,6 +18,15 @@ class ChunkScope {
   int depth_;
 };
 
+// Opens the next chunk if it has the typecode; any other fails as `what`.
+[[nodiscard]] inline bool BeginReadChunkOf(ON_BinaryArchive& archive, std::uint32_t expected,
+                                           std::string_view what) {
+  std::uint32_t typecode = 0;
+  std::int64_t value = 0;
+  if (archive.PeekAt3dmChunkType() != expected) return archive.Fail(what);
+  return archive.BeginRead3dmChunk(&typecode, &value);
+}
+
 // Passes over the next chunk, whatever it is.
 [[nodiscard]] inline bool SkipChunk(ON_BinaryArchive& archive) {
   std::uint32_t typecode = 0;

@@ -5,14 +5,6 @@
 namespace host {
 namespace {
 
-// Opens the next chunk if it has the typecode; any other fails.
-bool BeginReadChunkOf(ON_BinaryArchive& archive, std::uint32_t expected, std::string_view what) {
-  std::uint32_t typecode = 0;
-  std::int64_t value = 0;
-  if (archive.PeekAt3dmChunkType() != expected) return archive.Fail(what);
-  return archive.BeginRead3dmChunk(&typecode, &value);
-}
-
 struct UserDataHeader {
   ON_UUID class_id;
   int archive_version = 0;

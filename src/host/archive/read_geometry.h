@@ -2,6 +2,7 @@
 
 #include "host/archive/binary_archive.h"
 #include "host/geometry/on_mesh.h"
+#include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
 
 // The data of the classes of geometry that are read, each called with the class's data chunk open.
@@ -16,5 +17,8 @@ namespace host {
 void ReadMeshUserData(ON_BinaryArchive& archive, const ON_UUID& class_id, ON_Mesh& mesh);
 [[nodiscard]] bool ReadPoint(ON_BinaryArchive& archive, ON_Point& point);
 [[nodiscard]] bool ReadPointCloud(ON_BinaryArchive& archive, ON_PointCloud& cloud);
+// A clipping plane. Fails when it has no plane to cut with: a coordinate of the origin or the
+// normal is no number, or the normal is zero.
+[[nodiscard]] bool ReadClippingPlane(ON_BinaryArchive& archive, ON_ClippingPlaneSurface& surface);
 
 }  // namespace host

@@ -12,6 +12,7 @@ namespace {
 constexpr ON_UUID kMeshClass = "4ed7d4e4-e947-11d3-bfe5-0010830122f0"_uuid;
 constexpr ON_UUID kPointClass = "c3101a1d-f157-11d3-bfe7-0010830122f0"_uuid;
 constexpr ON_UUID kPointCloudClass = "2488f347-f8fa-11d3-bfec-0010830122f0"_uuid;
+constexpr ON_UUID kClippingPlaneClass = "dbc5a584-ce3f-4170-98a8-497069ca5c36"_uuid;
 
 // Reads the data and the user data of the class wrapper that is the open chunk, behind its id.
 template <class T>
@@ -43,6 +44,9 @@ bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCoun
   if (id == kPointClass) return ReadGeometryOf<ON_Point>(archive, ReadPoint, object.m_geometry);
   if (id == kPointCloudClass) {
     return ReadGeometryOf<ON_PointCloud>(archive, ReadPointCloud, object.m_geometry);
+  }
+  if (id == kClippingPlaneClass) {
+    return ReadGeometryOf<ON_ClippingPlaneSurface>(archive, ReadClippingPlane, object.m_geometry);
   }
   unread.Add(ClassName(id));
   return true;

@@ -44,6 +44,8 @@ class CRhinoCommand {
   // What Help tells of the command alone: its options, and what is typed at its prompts. Lines that
   // end in a line feed; empty when there is nothing to tell.
   virtual std::string_view Usage() const { return {}; }
+  // Whether all that the command changes is one record for Undo.
+  virtual bool RecordsUndo() const { return true; }
   virtual CommandResult RunCommand(CRhinoCommandContext& context) = 0;
 
  protected:

@@ -42,9 +42,11 @@ CommandResult CommandRunner::RunNamed(const Answer& answer) {
 
 CommandResult CommandRunner::Run(CRhinoCommand& command, bool scripted) {
   CRhinoCommandContext context(RhinoApp().ActiveDoc(), input_, input_.IsInteractive() && !scripted);
+  const std::string name(command.EnglishCommandName());
+  const unsigned record = command.RecordsUndo() ? context.m_doc.BeginUndoRecord(name) : 0;
   CommandResult result =
-      GuardedCall(std::string(command.EnglishCommandName()), CommandResult::failure,
-                  [&] { return command.RunCommand(context); });
+      GuardedCall(name, CommandResult::failure, [&] { return command.RunCommand(context); });
+  context.m_doc.EndUndoRecord(record);
   input_.ForgetKnownAnswers();
   if (host::InterruptRequested()) {
     if (input_.Refuse("Interrupted.")) host::ClearInterrupt();

@@ -20,6 +20,7 @@ class CommandRunner {
  private:
   // Runs the command of the typed name, in its scripted form when a `-` stands before it.
   CommandResult RunNamed(const Answer& answer);
+  // What the command changes is one record for Undo, with the command's English name.
   CommandResult Run(CRhinoCommand& command, bool scripted);
 
   CommandRegistry& registry_;

@@ -15,19 +15,16 @@ std::string NameOr(const std::string& name, std::string_view otherwise) {
   return name.empty() ? std::string(otherwise) : "\"" + name + "\"";
 }
 
-std::string MaterialText(const CRhinoDoc& doc, const ON_3dmObjectAttributes& attributes) {
-  int index = attributes.m_material_index;
+std::string MaterialText(const CRhinoObject& object) {
   std::string source = "of the object";
-  if (attributes.MaterialSource() == ON_AttributeSource::layer) {
-    const ON_Layer* layer = doc.m_layer_table.At(attributes.m_layer_index);
-    index = layer == nullptr ? -1 : layer->m_render_material_index;
+  if (object.Attributes().MaterialSource() == ON_AttributeSource::layer) {
     source = "of the layer";
-  } else if (attributes.MaterialSource() == ON_AttributeSource::parent) {
+  } else if (object.Attributes().MaterialSource() == ON_AttributeSource::parent) {
     source = "of the block reference";
   }
-  const ON_Material* material = doc.m_material_table.At(index);
-  return (material == nullptr ? "default" : NameOr(material->m_name, "without a name")) + ", " +
-         source;
+  const ON_Material& material = object.ObjectMaterial();
+  return (material.MaterialIndex() < 0 ? "default" : NameOr(material.m_name, "without a name")) +
+         ", " + source;
 }
 
 std::string GroupText(const CRhinoDoc& doc, const ON_3dmObjectAttributes& attributes) {
@@ -69,6 +66,12 @@ void AddLine(std::string& text, std::string_view label, const std::string& value
   if (!value.empty()) text += "  " + std::string(label) + ": " + value + "\n";
 }
 
+void AddUserStrings(std::string& text, std::string_view label, const ON_Object& carrier) {
+  for (const ON_UserString& entry : carrier.m_user_strings.m_e) {
+    AddLine(text, label, entry.m_key + "=" + entry.m_string_value);
+  }
+}
+
 }  // namespace
 
 std::string DescribeObject(const CRhinoDoc& doc, const CRhinoObject& object) {
@@ -77,15 +80,15 @@ std::string DescribeObject(const CRhinoDoc& doc, const CRhinoObject& object) {
                      host::Format(", serial number %u\n", object.RuntimeSerialNumber());
   AddLine(text, "id", attributes.m_uuid.ToString());
   AddLine(text, "layer", doc.m_layer_table.FullPath(attributes.m_layer_index));
-  AddLine(text, "material", MaterialText(doc, attributes));
+  AddLine(text, "material", MaterialText(object));
   AddLine(text, "groups", GroupText(doc, attributes));
   AddLine(text, "state", StateText(object));
   AddLine(text, "geometry", GeometryText(object));
   const ON_BoundingBox box =
       object.Geometry() == nullptr ? ON_BoundingBox() : object.Geometry()->BoundingBox();
   if (box.IsValid()) AddLine(text, "box", PointText(box.m_min) + " to " + PointText(box.m_max));
-  for (const ON_UserString& entry : attributes.m_user_strings.m_e) {
-    AddLine(text, "user string", entry.m_key + "=" + entry.m_string_value);
-  }
+  AddUserStrings(text, "user string", attributes);
+  if (object.Geometry() != nullptr) AddUserStrings(text, "user string", *object.Geometry());
+  AddUserStrings(text, "material string", object.ObjectMaterial());
   return text;
 }

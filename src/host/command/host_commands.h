@@ -19,6 +19,7 @@ class HostCommand : public CRhinoCommand {
     std::string_view Description;
     std::string_view Usage;
     std::function<CommandResult(CRhinoCommandContext&)> Run;
+    bool RecordsUndo = true;
   };
 
   explicit HostCommand(Row row) : row_(std::move(row)) {}
@@ -26,6 +27,7 @@ class HostCommand : public CRhinoCommand {
   std::string_view EnglishCommandName() const override { return row_.Name; }
   std::string_view Description() const override { return row_.Description; }
   std::string_view Usage() const override { return row_.Usage; }
+  bool RecordsUndo() const override { return row_.RecordsUndo; }
   CommandResult RunCommand(CRhinoCommandContext& context) override { return row_.Run(context); }
 
  private:
@@ -47,6 +49,7 @@ class HostCommands {
 
 // The commands of each family. `registry` and `exit_requested` outlive the rows.
 std::vector<HostCommand::Row> FileCommands(CommandRegistry& registry);
+std::vector<HostCommand::Row> EditCommands();
 std::vector<HostCommand::Row> SelectionCommands();
 std::vector<HostCommand::Row> ViewCommands();
 std::vector<HostCommand::Row> ReportCommands();

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "host/document/app_settings.h"
 #include "host/document/doc.h"
+#include "host/document/event_watcher_list.h"
 #include "host/system/command_window.h"
 #include "host/system/profile.h"
 
@@ -26,6 +29,11 @@ class CRhinoApp {
   // Text into the command window; a percent sign is a percent sign.
   void Print(std::string_view text) { window_.Print(text); }
   host::CommandWindow& CommandWindow() { return window_; }
+
+  const CRhinoAppSettings& AppSettings() const { return settings_; }
+
+  // Those that are told of changes of the document. Never null.
+  const std::shared_ptr<EventWatcherList>& EventWatchers() const { return watchers_; }
 
   // The user's values. Loaded by the program at its start.
   host::Profile& ProfileContext() { return profile_; }
@@ -53,6 +61,8 @@ class CRhinoApp {
                       const CRhinoFileReadOptions& options);
 
   unsigned last_serial_number_ = 0;
+  CRhinoAppSettings settings_;
+  std::shared_ptr<EventWatcherList> watchers_ = std::make_shared<EventWatcherList>();
   CRhinoDoc doc_;
   host::CommandWindow window_;
   host::Profile profile_;

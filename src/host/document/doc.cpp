@@ -3,8 +3,21 @@
 #include <utility>
 
 #include "host/document/app.h"
+#include "host/document/clipping_plane_object.h"
 #include "host/document/default_views.h"
 #include "host/document/new_id.h"
+
+namespace {
+
+std::unique_ptr<CRhinoObject> NewObject(CRhinoDoc& doc, unsigned serial_number,
+                                        ONX_ModelObject object) {
+  if (ON_ClippingPlaneSurface::Cast(object.m_geometry.get()) != nullptr) {
+    return std::make_unique<CRhinoClippingPlaneObject>(doc, serial_number, std::move(object));
+  }
+  return std::make_unique<CRhinoObject>(doc, serial_number, std::move(object));
+}
+
+}  // namespace
 
 CRhinoDoc::CRhinoDoc() {
   MakeViews({});
@@ -17,8 +30,9 @@ void CRhinoDoc::SetModel(ONX_Model model, std::string path) {
   file_version_ = model.m_3dm_file_version;
   file_properties_ = std::move(model.m_properties);
   properties_.settings_ = std::move(model.m_settings);
-  m_layer_table = CRhinoLayerTable(std::move(model.m_layer_table));
-  m_material_table = CRhinoMaterialTable(std::move(model.m_material_table));
+  undo_.Clear();
+  m_layer_table = CRhinoLayerTable(std::move(model.m_layer_table), this);
+  m_material_table = CRhinoMaterialTable(std::move(model.m_material_table), this);
   m_group_table = CRhinoGroupTable(std::move(model.m_group_table));
   m_linetype_table = CRhinoLinetypeTable(std::move(model.m_linetype_table));
   m_dimstyle_table = CRhinoDimStyleTable(std::move(model.m_dimstyle_table));
@@ -61,7 +75,11 @@ IdMap<ON_UUID> CRhinoDoc::AddObjects(std::vector<ONX_ModelObject> objects,
   for (ONX_ModelLight& light : lights) {
     ONX_ModelObject object;
     object.m_attributes = std::move(light.m_attributes);
-    object.m_geometry = std::move(light.m_light);
+    if (light.m_light != nullptr) {
+      auto own = std::make_shared<ON_Light>(*light.m_light);
+      own->m_light_index = m_light_table.Count();
+      object.m_geometry = std::move(own);
+    }
     object.m_object_type = static_cast<unsigned>(ON_ObjectType::light);
     object.m_span = light.m_span;
     AddObject(lights_, std::move(object));
@@ -75,7 +93,7 @@ const ON_UUID& CRhinoDoc::AddObject(ObjectList& list, ONX_ModelObject object) {
   const auto isTaken = [this](const ON_UUID& candidate) { return by_id_.contains(candidate); };
   if (id.IsNil() || isTaken(id)) id = NewId(serialNumber, isTaken);
   CRhinoObject& added =
-      *list.emplace_back(std::make_unique<CRhinoObject>(*this, serialNumber, std::move(object)));
+      *list.emplace_back(NewObject(*this, serialNumber, std::move(object)));
   by_id_.emplace(added.attributes_.m_uuid, &added);
   by_serial_number_.emplace(serialNumber, &added);
   return added.attributes_.m_uuid;

@@ -14,6 +14,7 @@
 #include "host/document/object.h"
 #include "host/document/plugin_data.h"
 #include "host/document/tables.h"
+#include "host/document/undo_list.h"
 #include "host/document/view.h"
 #include "host/geometry/on_settings.h"
 
@@ -55,8 +56,9 @@ class CRhinoDoc {
   ON_UnitSystem ModelUnits() const { return properties_.ModelUnitsAndTolerances().m_unit_system; }
   const ON_3dmProperties& FileProperties() const { return file_properties_; }
 
-  CRhinoLayerTable m_layer_table;
-  CRhinoMaterialTable m_material_table;
+  CRhinoLayerTable m_layer_table{{}, this};
+  CRhinoMaterialTable m_material_table{{}, this};
+  CRhinoLightTable m_light_table{*this};
   CRhinoGroupTable m_group_table;
   CRhinoLinetypeTable m_linetype_table;
   CRhinoDimStyleTable m_dimstyle_table;
@@ -73,8 +75,27 @@ class CRhinoDoc {
   CRhinoObject* LookupObject(unsigned runtime_serial_number) const;
   // The box of all visible objects, lights not counted; not valid when there is none.
   ON_BoundingBox BoundingBox() const;
+  // Replaces the attributes of an object or light; its id stays. An object that can't be selected
+  // any more is deselected. False for an object of another document.
+  bool ModifyObjectAttributes(CRhinoObject& object, const ON_3dmObjectAttributes& attributes);
   // Objects and lights.
   int SelectedCount() const { return selected_count_; }
+
+  // Changes of materials, layers, lights and attributes, hiding and showing included, from here to
+  // EndUndoRecord are undone in one step. 0 when a record is open already: it then takes what
+  // follows. A change outside of records is one of its own. Opening and importing can't be undone,
+  // and what was done before can't be undone after it.
+  unsigned BeginUndoRecord(std::string_view caption);
+  // False when the open record is not the one of this number. A record without changes is dropped.
+  bool EndUndoRecord(unsigned number);
+  // Undoes the last record, or redoes the one that was undone last; a new change ends redoing. The
+  // watchers are told afterwards. False when there is none, while a record is open, and while
+  // watchers are told of a change.
+  bool Undo();
+  bool Redo();
+  // The captions of the records that Undo and Redo take next; nothing when there is none.
+  std::optional<std::string> UndoCaption() const;
+  std::optional<std::string> RedoCaption() const;
 
   // Fills `list` with the model views, the page views or both, in the document's order.
   void GetViewList(std::vector<CRhinoView*>& list, bool model_views, bool page_views) const;
@@ -92,7 +113,11 @@ class CRhinoDoc {
   const std::vector<std::string>& Problems() const { return problems_; }
 
  private:
+  friend class CRhinoLayerTable;
+  friend class CRhinoLightTable;
+  friend class CRhinoMaterialTable;
   friend class CRhinoObject;
+  friend class DocStates;
   using ObjectList = std::vector<std::unique_ptr<CRhinoObject>>;
 
   // Appends the objects. The result has the new id of each object whose stored one was taken.
@@ -105,6 +130,14 @@ class CRhinoDoc {
   void ShowInDepth(std::size_t first_object);
   CRhinoView* ChooseActiveView(const ON_UUID& named_id) const;
 
+  // Makes a change: puts `state` into the document, keeps what it replaces for undo, and tells the
+  // watchers.
+  void Change(DocState state);
+  bool MayReplay() const;
+  void Replay(UndoStates record, bool backwards);
+  // After layers or their places have changed.
+  void OnVisibilityChanged();
+
   std::string path_;
   int file_version_ = 0;
   ON_3dmProperties file_properties_;
@@ -115,6 +148,7 @@ class CRhinoDoc {
   IdMap<CRhinoObject*> by_id_;
   std::unordered_map<unsigned, CRhinoObject*> by_serial_number_;
   int selected_count_ = 0;
+  UndoList undo_;
   // Of the visible objects; empty until it is asked for and after a change.
   mutable std::optional<ON_BoundingBox> visible_box_;
   std::vector<std::unique_ptr<CRhinoView>> views_;

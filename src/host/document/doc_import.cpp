@@ -54,10 +54,9 @@ IdSet IdsOf(const std::vector<Record>& records) {
   return ids;
 }
 
-// Appends imported records to a table, with new ids for those whose own is taken.
-template <class Table, class Record>
-IndexMap Append(Table& table, std::vector<Record> imported) {
-  std::vector<Record> records = table.Records();
+// Appends imported records to those of a table, with new ids for those whose own is taken.
+template <class Record>
+IndexMap Append(std::vector<Record>& records, std::vector<Record> imported) {
   IdSet taken = IdsOf(records);
   IndexMap map;
   for (Record& record : imported) {
@@ -65,7 +64,14 @@ IndexMap Append(Table& table, std::vector<Record> imported) {
     map.Add(static_cast<int>(records.size()));
     records.push_back(std::move(record));
   }
-  table = Table(std::move(records));
+  return map;
+}
+
+template <class Record>
+IndexMap Append(CRhinoTable<Record>& table, std::vector<Record> imported) {
+  std::vector<Record> records = table.Records();
+  IndexMap map = Append(records, std::move(imported));
+  table = CRhinoTable<Record>(std::move(records));
   return map;
 }
 
@@ -145,14 +151,13 @@ class LayerMerger {
   std::map<Place, int> by_place_;
 };
 
-IndexMap MergeLayers(CRhinoLayerTable& table, std::vector<ON_Layer> imported,
-                     const ImportMaps& maps) {
+// The layers of both documents. `maps` gets where the imported ones went.
+std::vector<ON_Layer> MergedLayers(const CRhinoLayerTable& open, std::vector<ON_Layer> imported,
+                                   ImportMaps& maps) {
   const CRhinoLayerTable importedTable(std::move(imported));
-  LayerMerger merger(table, importedTable);
-  IndexMap map;
-  for (int i = 0; i < importedTable.Count(); ++i) map.Add(merger.Merge(i, maps));
-  table = CRhinoLayerTable(merger.TakeLayers());
-  return map;
+  LayerMerger merger(open, importedTable);
+  for (int i = 0; i < importedTable.Count(); ++i) maps.layers.Add(merger.Merge(i, maps));
+  return merger.TakeLayers();
 }
 
 // A group that the imported document lacks is dropped: its index may mean another group here.
@@ -184,11 +189,15 @@ void AddCounts(std::vector<ONX_UnreadKind>& counts, const std::vector<ONX_Unread
 }  // namespace
 
 void CRhinoDoc::ImportModel(ONX_Model model) {
+  undo_.Clear();
   ImportMaps maps;
-  maps.materials = Append(m_material_table, std::move(model.m_material_table));
+  std::vector<ON_Material> materials = m_material_table.Records();
+  maps.materials = Append(materials, std::move(model.m_material_table));
+  m_material_table = CRhinoMaterialTable(std::move(materials), this);
   maps.linetypes = Append(m_linetype_table, std::move(model.m_linetype_table));
   maps.groups = AppendGroups(m_group_table, std::move(model.m_group_table));
-  maps.layers = MergeLayers(m_layer_table, std::move(model.m_layer_table), maps);
+  m_layer_table =
+      CRhinoLayerTable(MergedLayers(m_layer_table, std::move(model.m_layer_table), maps), this);
   Append(m_dimstyle_table, std::move(model.m_dimstyle_table));
   for (ONX_ModelObject& object : model.m_object_table) {
     Remap(object.m_attributes, maps);

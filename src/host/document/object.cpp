@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "host/archive/class_names.h"
-#include "host/document/doc.h"
+#include "host/document/app.h"
 
 CRhinoObject::CRhinoObject(CRhinoDoc& doc, unsigned serial_number, ONX_ModelObject model_object)
     : doc_(doc),
@@ -59,6 +59,25 @@ std::string CRhinoObject::ShortDescription() const {
   return "object";
 }
 
+const ON_Material& CRhinoObject::ObjectMaterial() const {
+  int index = -1;
+  switch (attributes_.MaterialSource()) {
+    case ON_AttributeSource::layer:
+      if (const ON_Layer* layer = doc_.m_layer_table.At(attributes_.m_layer_index)) {
+        index = layer->RenderMaterialIndex();
+      }
+      break;
+    case ON_AttributeSource::object:
+    case ON_AttributeSource::parent:
+      index = attributes_.m_material_index;
+      break;
+    case ON_AttributeSource::material:
+      break;
+  }
+  const ON_Material* material = doc_.m_material_table.At(index);
+  return material == nullptr ? RhinoApp().AppSettings().DefaultMaterial() : *material;
+}
+
 bool CRhinoObject::IsVisible() const {
   return !IsHidden() && !IsInstanceDefinitionGeometry() &&
          doc_.m_layer_table.IsLayerVisible(attributes_.m_layer_index);
@@ -86,9 +105,12 @@ bool CRhinoObject::Select(bool select) {
 
 bool CRhinoObject::Hide(bool hide) {
   if (hide == IsHidden() || IsInstanceDefinitionGeometry() || (hide && IsLocked())) return false;
-  Select(false);
-  attributes_.m_mode = hide ? ON_ObjectMode::hidden : ON_ObjectMode::normal;
-  attributes_.m_visible = true;
-  doc_.visible_box_.reset();
-  return true;
+  ON_3dmObjectAttributes attributes = attributes_;
+  attributes.m_mode = hide ? ON_ObjectMode::hidden : ON_ObjectMode::normal;
+  attributes.m_visible = true;
+  return doc_.ModifyObjectAttributes(*this, attributes);
+}
+
+void CRhinoObject::DeselectUnlessSelectable() {
+  if (selected_ && (!IsVisible() || IsLocked())) Select(false);
 }

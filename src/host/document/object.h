@@ -6,6 +6,7 @@
 #include "host/archive/model.h"
 #include "host/geometry/on_object.h"
 #include "host/geometry/on_object_attributes.h"
+#include "host/geometry/on_tables.h"
 
 class CRhinoDoc;
 
@@ -22,6 +23,10 @@ class CRhinoObject {
   // Its id is never nil and no other object's of the document: one that the file doesn't give, or
   // gives twice, is made when the document is opened.
   const ON_3dmObjectAttributes& Attributes() const { return attributes_; }
+  // The material that the attributes name, or that the object's layer has; the host's default
+  // material when that is none of the document's. The same place for all objects of a material, as
+  // long as the document isn't edited.
+  const ON_Material& ObjectMaterial() const;
   // Null for an object whose class isn't read; such an object is kept and listed only.
   const ON_Geometry* Geometry() const { return geometry_.get(); }
   // By the geometry, or by what the document says where there is none.
@@ -48,6 +53,10 @@ class CRhinoObject {
 
  private:
   friend class CRhinoDoc;
+  friend class DocStates;
+
+  // A selected object is visible and not locked.
+  void DeselectUnlessSelectable();
 
   CRhinoDoc& doc_;
   unsigned serial_number_;

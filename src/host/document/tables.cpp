@@ -1,5 +1,10 @@
 #include "host/document/tables.h"
 
+#include <algorithm>
+#include <memory>
+
+#include "host/document/doc.h"
+#include "host/document/new_id.h"
 #include "host/system/text.h"
 
 namespace {
@@ -8,7 +13,8 @@ constexpr std::string_view kPathSeparator = "::";
 
 }  // namespace
 
-CRhinoLayerTable::CRhinoLayerTable(std::vector<ON_Layer> layers) : CRhinoTable(std::move(layers)) {
+CRhinoLayerTable::CRhinoLayerTable(std::vector<ON_Layer> layers, CRhinoDoc* doc)
+    : CRhinoTable(std::move(layers)), doc_(doc) {
   by_id_.reserve(records_.size());
   for (int i = 0; i < Count(); ++i) {
     const ON_UUID& id = At(i)->m_id;
@@ -22,7 +28,7 @@ CRhinoLayerTable::CRhinoLayerTable(std::vector<ON_Layer> layers) : CRhinoTable(s
 void CRhinoLayerTable::FindPlaces() {
   enum class State : char { untouched, on_the_way, known };
   std::vector<State> states(records_.size(), State::untouched);
-  places_.resize(records_.size());
+  places_.assign(records_.size(), {});
   std::vector<std::size_t> way;
   for (std::size_t start = 0; start < records_.size(); ++start) {
     std::size_t at = start;
@@ -98,6 +104,80 @@ std::string CRhinoLayerTable::FullPath(int index) const {
     path += At(way.back())->m_name;
   }
   return path;
+}
+
+bool CRhinoLayerTable::ModifyLayer(const ON_Layer& layer, int index) {
+  const ON_Layer* present = At(index);
+  if (doc_ == nullptr || present == nullptr) return false;
+  LayerState state{index, layer};
+  state.layer.m_id = present->m_id;
+  doc_->Change(std::move(state));
+  return true;
+}
+
+bool CRhinoLayerTable::Exchange(int index, ON_Layer& layer) {
+  ON_Layer& present = records_[static_cast<std::size_t>(index)];
+  std::swap(present, layer);
+  if (present.m_visible == layer.m_visible && present.m_locked == layer.m_locked &&
+      present.m_parent_id == layer.m_parent_id) {
+    return false;
+  }
+  FindPlaces();
+  return true;
+}
+
+CRhinoMaterialTable::CRhinoMaterialTable(std::vector<ON_Material> materials, CRhinoDoc* doc)
+    : CRhinoTable(std::move(materials)), doc_(doc) {
+  for (std::size_t i = 0; i < records_.size(); ++i) {
+    records_[i].m_material_index = static_cast<int>(i);
+  }
+}
+
+int CRhinoMaterialTable::AddMaterial(const ON_Material& material) {
+  if (doc_ == nullptr) return -1;
+  const int index = Count();
+  ON_Material added = material;
+  added.m_material_index = index;
+  const auto isTaken = [this](const ON_UUID& id) {
+    return std::any_of(begin(), end(),
+                       [&id](const ON_Material& other) { return other.m_id == id; });
+  };
+  if (added.m_id.IsNil() || isTaken(added.m_id)) {
+    added.m_id = NewId(static_cast<std::uint32_t>(index), isTaken);
+  }
+  doc_->Change(MaterialState{index, std::move(added)});
+  return index;
+}
+
+bool CRhinoMaterialTable::ModifyMaterial(const ON_Material& material, int index) {
+  const ON_Material* present = At(index);
+  if (doc_ == nullptr || present == nullptr) return false;
+  ON_Material changed = material;
+  changed.m_id = present->m_id;
+  changed.m_material_index = index;
+  doc_->Change(MaterialState{index, std::move(changed)});
+  return true;
+}
+
+int CRhinoLightTable::Count() const {
+  return static_cast<int>(doc_.Lights().size());
+}
+
+CRhinoObject* CRhinoLightTable::At(int index) const {
+  return index >= 0 && index < Count() ? doc_.Lights()[static_cast<std::size_t>(index)].get()
+                                       : nullptr;
+}
+
+bool CRhinoLightTable::ModifyLight(const ON_Light& light, int index) {
+  const CRhinoObject* object = At(index);
+  if (object == nullptr) return false;
+  auto changed = std::make_shared<ON_Light>(light);
+  changed->m_light_index = index;
+  if (const ON_Light* present = ON_Light::Cast(object->Geometry())) {
+    changed->m_light_id = present->m_light_id;
+  }
+  doc_.Change(LightState{index, std::move(changed)});
+  return true;
 }
 
 CRhinoGroupTable::CRhinoGroupTable(std::vector<ON_Group> groups) : CRhinoTable(std::move(groups)) {

@@ -7,7 +7,11 @@
 #include <vector>
 
 #include "host/document/id_map.h"
+#include "host/geometry/on_light.h"
 #include "host/geometry/on_tables.h"
+
+class CRhinoDoc;
+class CRhinoObject;
 
 // A table of a document. An index is a position in it.
 template <class Record>
@@ -29,10 +33,14 @@ class CRhinoTable {
   std::vector<Record> records_;
 };
 
+// The tables of layers and materials know the document that they belong to. Each edit can be undone
+// and is told to the event watchers. A table without a document takes no edits.
+
 class CRhinoLayerTable : public CRhinoTable<ON_Layer> {
  public:
-  CRhinoLayerTable() = default;
-  explicit CRhinoLayerTable(std::vector<ON_Layer> layers);
+  explicit CRhinoLayerTable(std::vector<ON_Layer> layers, CRhinoDoc* doc = nullptr);
+  CRhinoLayerTable(CRhinoLayerTable&&) = default;
+  CRhinoLayerTable& operator=(CRhinoLayerTable&&) = default;
 
   // The position of a layer by its id; -1 when there is none.
   int FindLayer(const ON_UUID& id) const;
@@ -49,19 +57,65 @@ class CRhinoLayerTable : public CRhinoTable<ON_Layer> {
   // "Parent::Child"; empty for an index outside the table.
   std::string FullPath(int index) const;
 
+  // Replaces the layer at `index`; its id stays. Objects that can't be selected any more, as the
+  // layer or one above it is now off or locked, are deselected. False when there is no such layer.
+  bool ModifyLayer(const ON_Layer& layer, int index);
+
  private:
+  friend class DocStates;
+
   // What follows from a layer and all above it.
   struct Place {
     int parent = -1;
     bool visible = true;
     bool locked = false;
   };
+  // Puts `layer` in the place of the one at `index`, which it then is. True when that may change
+  // which layers are visible or locked.
+  bool Exchange(int index, ON_Layer& layer);
   void FindPlaces();
   const Place* PlaceAt(int index) const;
   bool HasFullPath(int index, std::string_view path) const;
 
   std::vector<Place> places_;
   IdMap<int> by_id_;
+  CRhinoDoc* doc_;
+};
+
+class CRhinoMaterialTable : public CRhinoTable<ON_Material> {
+ public:
+  // Each material's index becomes its position.
+  explicit CRhinoMaterialTable(std::vector<ON_Material> materials, CRhinoDoc* doc = nullptr);
+  CRhinoMaterialTable(CRhinoMaterialTable&&) = default;
+  CRhinoMaterialTable& operator=(CRhinoMaterialTable&&) = default;
+
+  // Appends a material and gives its position; -1 for a table without a document. An id that is nil
+  // or taken is replaced by a new one.
+  int AddMaterial(const ON_Material& material);
+  // Replaces the material at `index`; its id stays. False when there is no such material.
+  bool ModifyMaterial(const ON_Material& material, int index);
+
+ private:
+  friend class DocStates;
+
+  CRhinoDoc* doc_;
+};
+
+// The lights of the document, which are objects.
+class CRhinoLightTable {
+ public:
+  explicit CRhinoLightTable(CRhinoDoc& doc) : doc_(doc) {}
+  CRhinoLightTable(const CRhinoLightTable&) = delete;
+  CRhinoLightTable& operator=(const CRhinoLightTable&) = delete;
+
+  int Count() const;
+  // The light at `index`, or null when there is none.
+  CRhinoObject* At(int index) const;
+  // Replaces the light at `index`; its id stays. False when there is no such light.
+  bool ModifyLight(const ON_Light& light, int index);
+
+ private:
+  CRhinoDoc& doc_;
 };
 
 class CRhinoGroupTable : public CRhinoTable<ON_Group> {
@@ -76,7 +130,6 @@ class CRhinoGroupTable : public CRhinoTable<ON_Group> {
   std::map<int, std::size_t> by_stored_index_;
 };
 
-using CRhinoMaterialTable = CRhinoTable<ON_Material>;
 using CRhinoLinetypeTable = CRhinoTable<ON_Linetype>;
 using CRhinoDimStyleTable = CRhinoTable<ON_DimStyle>;
 using CRhinoInstanceDefinitionTable = CRhinoTable<ON_InstanceDefinition>;

@@ -57,6 +57,8 @@ class ON_Geometry : public ON_Object {
   virtual ON_ObjectType ObjectType() const = 0;
   // Empty (not valid) when there is nothing to bound.
   virtual ON_BoundingBox BoundingBox() const = 0;
+  // True for surfaces and all that consists of faces of surfaces.
+  virtual bool HasBrepForm() const { return false; }
 
  protected:
   ON_Geometry() = default;

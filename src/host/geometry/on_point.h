@@ -74,6 +74,10 @@ struct ON_Plane {
   ON_3dVector yaxis{0, 1, 0};
   ON_3dVector zaxis{0, 0, 1};
 
+  const ON_3dPoint& Origin() const { return origin; }
+  // The z axis.
+  const ON_3dVector& Normal() const { return zaxis; }
+  ON_3dPoint PointAt(double x, double y) const { return origin + xaxis * x + yaxis * y; }
   // Signed, positive on the side to which zaxis points.
   double DistanceTo(ON_3dPoint p) const { return ON_DotProduct(p - origin, zaxis); }
 };

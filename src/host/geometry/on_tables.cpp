@@ -21,7 +21,8 @@ bool ON_Texture::IsTiled(int dir, double* count, double* offset) const {
 }
 
 int ON_Material::FindTexture(const char* file_name, ON_Texture::Type type, int after) const {
-  for (std::size_t i = static_cast<std::size_t>(after + 1); i < m_textures.size(); ++i) {
+  const std::size_t first = after < 0 ? 0 : static_cast<std::size_t>(after) + 1;
+  for (std::size_t i = first; i < m_textures.size(); ++i) {
     const ON_Texture& texture = m_textures[i];
     if (texture.m_type != type) continue;
     if (file_name != nullptr && texture.m_image_file != file_name) continue;

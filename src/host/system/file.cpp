@@ -125,6 +125,15 @@ bool FolderExists(std::string_view path) {
   return IsFileOfKind(path, S_IFDIR);
 }
 
+std::optional<std::int64_t> ModificationTime(std::string_view path) {
+  struct stat status = {};
+  if (stat(SystemPath(path).c_str(), &status) != 0) return std::nullopt;
+  constexpr std::int64_t kSecond = 1'000'000'000;
+  constexpr std::int64_t kLast = std::numeric_limits<std::int64_t>::max() / kSecond - 1;
+  const std::int64_t seconds = std::clamp<std::int64_t>(status.st_mtim.tv_sec, -kLast, kLast);
+  return seconds * kSecond + status.st_mtim.tv_nsec;
+}
+
 std::string LastSystemError() {
   static const locale_t locale = newlocale(LC_ALL_MASK, "C", nullptr);
   return strerror_l(errno, locale);

@@ -16,6 +16,11 @@ namespace host {
 [[nodiscard]] bool FileExists(std::string_view path);
 [[nodiscard]] bool FolderExists(std::string_view path);
 
+// When the content of a file was last changed, in nanoseconds since the beginning of 1970 (UTC); a
+// time outside of what that can tell is the first or last one that it can. Nothing when the file
+// can't be found. A symbolic link stands for the file that it leads to.
+std::optional<std::int64_t> ModificationTime(std::string_view path);
+
 // Creates a folder, and those above it that are missing, for the user alone. True when the folder
 // is there at the end.
 [[nodiscard]] bool CreatePrivateFolder(std::string_view path);

@@ -181,13 +181,19 @@ char* FormatInt(int value, char* out) {
   return out + kDigits;
 }
 
-int ParseInt(std::string_view text) {
+std::optional<int> ParseIntInRange(std::string_view text) {
   text = WithoutLeadingBlanks(text);
   if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
   int value = 0;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (result.ec != std::errc::result_out_of_range) return value;
-  return text.starts_with('-') ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
+  if (result.ec == std::errc::result_out_of_range) return std::nullopt;
+  return value;
+}
+
+int ParseInt(std::string_view text) {
+  if (const auto value = ParseIntInRange(text)) return *value;
+  return WithoutLeadingBlanks(text).starts_with('-') ? std::numeric_limits<int>::min()
+                                                     : std::numeric_limits<int>::max();
 }
 
 double ParseReal(std::string_view text) {

@@ -30,6 +30,8 @@ char* FormatInt(int value, char* out);
 int ParseInt(std::string_view text);
 double ParseReal(std::string_view text);
 
+// As ParseInt, and empty when the integer is outside the range of int.
+std::optional<int> ParseIntInRange(std::string_view text);
 // As ParseReal, and empty when the number is too large or too small for a double.
 std::optional<double> ParseRealInRange(std::string_view text);
 

@@ -10,16 +10,19 @@ namespace host {
 struct ProcessStart {
   // The program and its arguments, each as it stands: there is no shell in between. A program
   // without a folder in its name is looked for along the search path; "name.exe" is found as
-  // "name", too.
+  // "name", too, where nothing has the longer name.
   std::vector<std::string> Arguments;
   // The process's current folder; empty means that of this program.
   std::string Folder;
-  // Without a window: here, cut off from the terminal, its input empty and its output dropped.
+  // Without a window: here, cut off from the terminal and with its output dropped. The input is
+  // empty in any case, so that a program never takes what was typed for this one.
   bool Hidden = false;
 };
 
 // Starts a program and waits for its end. After `limit`, or when the user asks to interrupt, it is
-// terminated together with the processes that it started. False when it couldn't be started.
+// terminated together with the processes that it started; that takes a second at most. True when it
+// was started, however it ended. False when it couldn't be: no program or folder of that name, a
+// zero byte in a text, the user had asked to interrupt before.
 [[nodiscard]] bool RunProcess(const ProcessStart& start, std::chrono::milliseconds limit);
 
 }  // namespace host

@@ -91,6 +91,13 @@ bool MatchesStart(std::string_view text, std::string_view prefix, std::size_t& m
   return true;
 }
 
+// True when both texts end in ASCII characters that differ. Names of a family differ at their ends
+// rather than at their starts.
+bool EndInOtherAscii(std::string_view a, std::string_view b) {
+  return !a.empty() && !b.empty() && IsAscii(a.back()) && IsAscii(b.back()) &&
+         FoldedAscii(a.back()) != FoldedAscii(b.back());
+}
+
 // Makes the "C" locale the thread's own while it lives.
 class CLocaleScope {
  public:
@@ -163,6 +170,7 @@ std::string_view FirstBytes(std::string_view text, std::size_t count) {
 }
 
 bool EqualNoCase(std::string_view a, std::string_view b) {
+  if (EndInOtherAscii(a, b)) return false;
   std::size_t matched = 0;
   return MatchesStart(a, b, matched) && matched == a.size();
 }

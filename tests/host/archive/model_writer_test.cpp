@@ -6,6 +6,7 @@
 
 #include "host/archive/model_reader.h"
 #include "host/geometry/on_mesh.h"
+#include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
 #include "support/shapes.h"
 
@@ -383,6 +384,39 @@ TEST_P(ModelWriterTest, KeepsMeshesOfEveryIndexSize) {
     EXPECT_EQ(back->m_V, written->m_V);
     EXPECT_EQ(back->m_F, written->m_F);
   }
+}
+
+TEST_P(ModelWriterTest, KeepsClippingPlanes) {
+  const auto plane = std::make_shared<ON_ClippingPlaneSurface>();
+  plane->m_plane = {{1, 2, 3}, {0, 1, 0}, {0, 0, 1}, {1, 0, 0}};
+  plane->m_extents[0] = {0, 4};
+  plane->m_extents[1] = {-5, 6};
+  plane->m_viewport_ids = {kId1, kId3};
+  plane->SetUserString("key", "value");
+  AddObject(plane);
+  const auto off = std::make_shared<ON_ClippingPlaneSurface>();
+  off->m_bEnabled = false;
+  AddObject(off);
+  const ONX_Model read = ReadBack(model_);
+  EXPECT_TRUE(read.m_unread.empty());
+  ASSERT_EQ(read.m_object_table.size(), 2u);
+  EXPECT_EQ(read.m_object_table[0].m_object_type, 0x20000000u);
+  const auto planeOf = [&](std::size_t i) {
+    return ON_ClippingPlaneSurface::Cast(read.m_object_table[i].m_geometry.get());
+  };
+  ASSERT_NE(planeOf(0), nullptr);
+  EXPECT_EQ(planeOf(0)->m_plane.Origin(), (ON_3dPoint{1, 2, 3}));
+  EXPECT_EQ(planeOf(0)->m_plane.xaxis, (ON_3dVector{0, 1, 0}));
+  EXPECT_EQ(planeOf(0)->m_plane.yaxis, (ON_3dVector{0, 0, 1}));
+  EXPECT_EQ(planeOf(0)->m_plane.Normal(), (ON_3dVector{1, 0, 0}));
+  EXPECT_EQ(planeOf(0)->m_extents[0], (ON_Interval{0, 4}));
+  EXPECT_EQ(planeOf(0)->m_extents[1], (ON_Interval{-5, 6}));
+  EXPECT_EQ(planeOf(0)->m_viewport_ids, plane->m_viewport_ids);
+  EXPECT_TRUE(planeOf(0)->m_bEnabled);
+  EXPECT_EQ(planeOf(0)->GetUserString("key"), "value");
+  ASSERT_NE(planeOf(1), nullptr);
+  EXPECT_FALSE(planeOf(1)->m_bEnabled);
+  EXPECT_TRUE(planeOf(1)->m_viewport_ids.empty());
 }
 
 TEST_P(ModelWriterTest, KeepsPointsAndPointClouds) {

@@ -1,14 +1,16 @@
 #include <array>
 #include <map>
+#include <numbers>
 
 #include "facts_documents.h"
 #include "host/geometry/on_mesh.h"
+#include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
 #include "support/class_words.h"
 
 // The objects and lights of every document of the corpus against the facts that another reader took
 // of them. Attributes are compared for every object. Geometry is compared where it is read: meshes,
-// points and point clouds; the other kinds are counted.
+// points, point clouds and clipping planes; the other kinds are counted.
 
 using nlohmann::json;
 
@@ -229,6 +231,18 @@ void ExpectCloud(const json& fact, const ON_PointCloud& cloud, const std::string
   EXPECT_EQ(fact["color_sum_rgb"], json(sum)) << place;
 }
 
+void ExpectClippingPlane(const json& fact, const ON_ClippingPlaneSurface& surface,
+                         const std::string& place) {
+  const auto values = [](const ON_3dVector& v) { return std::array{v.x, v.y, v.z}; };
+  const json& plane = fact["clipping_plane"];
+  ExpectValues(plane["origin"], surface.m_plane.Origin(), place + ".origin");
+  ExpectNearly(plane["x"], values(surface.m_plane.xaxis), 0, place + ".x");
+  ExpectNearly(plane["y"], values(surface.m_plane.yaxis), 0, place + ".y");
+  ExpectNearly(plane["z"], values(surface.m_plane.Normal()), 0, place + ".z");
+  EXPECT_EQ(fact["viewports"], surface.m_viewport_ids.size()) << place;
+  EXPECT_TRUE(surface.m_bEnabled) << place;
+}
+
 void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::string& place) {
   const json& figures = fact["geometry"];
   const bool is_rounded = figures.value("double_precision", false);
@@ -240,6 +254,8 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
     ExpectCloud(figures, *cloud, place);
   } else if (const auto* point = dynamic_cast<const ON_Point*>(&geometry)) {
     ExpectValues(figures["point"], point->point, place + ".point");
+  } else if (const auto* plane = dynamic_cast<const ON_ClippingPlaneSurface*>(&geometry)) {
+    ExpectClippingPlane(figures, *plane, place);
   } else {
     ADD_FAILURE() << place << ": geometry of a kind that isn't compared";
   }
@@ -247,7 +263,8 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
 
 // The other reader's names of the classes that are read, and what is behind each.
 bool IsReadClass(const std::string& name) {
-  return name == "ON_Mesh" || name == "ON_Point" || name == "ON_PointCloud";
+  return name == "ON_Mesh" || name == "ON_Point" || name == "ON_PointCloud" ||
+         name == "ON_ClippingPlaneSurface";
 }
 
 void ExpectObject(const json& fact, const ONX_ModelObject& object, const std::string& place) {
@@ -284,6 +301,13 @@ void ExpectLight(const json& fact, const ONX_ModelLight& record, const std::stri
   ExpectNumber(fact["spot_exponent"], light.m_spot_exponent, place + ".spot_exponent");
   // The other reader derives it from the exponent where it isn't set.
   if (light.m_hotspot >= 0) ExpectNumber(fact["hotspot"], light.m_hotspot, place + ".hotspot");
+  const double radians = fact["spot_angle_degrees"].get<double>() * std::numbers::pi / 180;
+  EXPECT_DOUBLE_EQ(light.SpotAngleRadians(), radians) << place;
+  // Exponent and hot spot follow from each other.
+  ON_Light twin = light;
+  EXPECT_NEAR(fact["spot_exponent"], twin.SpotExponent(), 1e-9) << place;
+  twin.m_hotspot = fact["hotspot"];
+  EXPECT_NEAR(fact["spot_exponent"], twin.SpotExponent(), 1e-9) << place;
   ExpectNumber(fact["shadow_intensity"], light.m_shadow_intensity, place + ".shadow");
   ExpectUserStrings(FactOrNull(fact, "geometry_user_strings"), light.m_user_strings, place);
   const json& attributes = fact["attributes"];

@@ -164,6 +164,24 @@ TEST(TableFacts, MaterialsAndTheirTextures) {
   });
 }
 
+TEST(TableFacts, ATurnedTextureIsTiledOnlyWhereItsRowsStandAlone) {
+  ForEachFactsDocument([](const FactsDocument& document) {
+    if (document.name != "mappings_uvw") return;
+    const ON_Material& material = document.model.m_material_table.at(0);
+    const int found = material.FindTexture(nullptr, ON_Texture::Type::bitmap);
+    ASSERT_EQ(found, 0);
+    // Its rows are 2 -0.25 0 0.5 and 0 3 0 0.125.
+    double count = 0;
+    double offset = 0;
+    EXPECT_FALSE(material.m_textures[0].IsTiled(0, &count, &offset));
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(offset, 0);
+    EXPECT_TRUE(material.m_textures[0].IsTiled(1, &count, &offset));
+    EXPECT_EQ(count, 3);
+    EXPECT_EQ(offset, 0.125);
+  });
+}
+
 TEST(TableFacts, Linetypes) {
   ForEachFactsDocument([](const FactsDocument& document) {
     ForEachMember<ON_Linetype>(document.facts["linetypes"], document.model.m_linetype_table,

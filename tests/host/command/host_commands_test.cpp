@@ -163,8 +163,8 @@ TEST_F(HostCommandsTest, EveryCommandTellsWhatItDoesAndAsksFor) {
     EXPECT_TRUE(command->Usage().ends_with('\n')) << names.back();
   }
   EXPECT_THAT(names, ElementsAre("DocumentInfo", "Exit", "Export", "Help", "Hide", "Import", "Open",
-                                 "SelAll", "SelLayer", "SelName", "SelNone", "SelType", "SetView",
-                                 "Show", "What"));
+                                 "Redo", "SelAll", "SelLayer", "SelName", "SelNone", "SelType",
+                                 "SetUserText", "SetView", "Show", "Undo", "What"));
   std::sort(ids.begin(), ids.end());
   EXPECT_EQ(std::adjacent_find(ids.begin(), ids.end()), ids.end());
 }

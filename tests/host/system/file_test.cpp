@@ -108,6 +108,41 @@ TEST(Files, APathWithAZeroByteNamesNothing) {
   EXPECT_EQ(FileContent(folder.File("a.rib")), "x");
 }
 
+TEST(Files, TheTimeOfAChangeIsToldToTheNanosecond) {
+  const TempFolder folder;
+  const std::string path = folder.File("a.rib");
+  WriteFileContent(path, "x");
+  const auto setTime = [&](time_t seconds, long nanoseconds) {
+    const timespec times[] = {{0, UTIME_OMIT}, {seconds, nanoseconds}};
+    ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+  };
+  setTime(1'700'000'000, 123'456'789);
+  EXPECT_EQ(ModificationTime(path), 1'700'000'000'123'456'789);
+  setTime(0, 1);
+  EXPECT_EQ(ModificationTime(path), 1);
+  setTime(-1, 999'999'999);
+  EXPECT_EQ(ModificationTime(path), -1) << "before 1970";
+  std::filesystem::create_symlink("a.rib", folder.File("link"));
+  EXPECT_EQ(ModificationTime(folder.File("link")), -1);
+  std::filesystem::create_symlink("none", folder.File("dead link"));
+  for (const char* name : {"none", "dead link", "a.rib/b"}) {
+    EXPECT_EQ(ModificationTime(folder.File(name)), std::nullopt) << name;
+  }
+  EXPECT_EQ(ModificationTime(path + std::string("\0", 1)), std::nullopt);
+}
+
+TEST(Files, ATimeThatIsTooFarOffIsTheLastOneThatCanBeTold) {
+  const TempFolder folder;
+  const std::string path = folder.File("a.rib");
+  WriteFileContent(path, "x");
+  const timespec times[] = {{0, UTIME_OMIT}, {15'000'000'000, 0}};
+  ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+  const auto time = ModificationTime(path);
+  ASSERT_TRUE(time.has_value());
+  // The file system may have cut it before.
+  EXPECT_GT(*time, 4'000'000'000'000'000'000);
+}
+
 TEST(FileWriter, WritesBytesAsTheyAre) {
   const TempFolder folder;
   WriteFileContent(folder.File("a.rib"), "an older and longer text");

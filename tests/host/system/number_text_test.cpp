@@ -223,6 +223,15 @@ TEST(ParseReal, GivesInfinityOrZeroOutsideTheRange) {
   EXPECT_EQ(host::ParseReal("4.9e-324"), std::numeric_limits<double>::denorm_min());
 }
 
+TEST(ParseIntInRange, IsEmptyOutsideTheRange) {
+  EXPECT_EQ(host::ParseIntInRange(" +2147483647x"), 2147483647);
+  EXPECT_EQ(host::ParseIntInRange("-2147483648"), std::numeric_limits<int>::min());
+  EXPECT_EQ(host::ParseIntInRange("2147483648"), std::nullopt);
+  EXPECT_EQ(host::ParseIntInRange("-99999999999999999999"), std::nullopt);
+  EXPECT_EQ(host::ParseIntInRange("x"), 0);
+  EXPECT_EQ(host::ParseIntInRange(""), 0);
+}
+
 TEST(ParseRealInRange, IsEmptyOutsideTheRange) {
   EXPECT_EQ(host::ParseRealInRange("1.5"), 1.5);
   EXPECT_EQ(host::ParseRealInRange("x"), 0.0);

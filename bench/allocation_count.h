@@ -1,0 +1,6 @@
+#pragma once
+
+#include <cstdint>
+
+// How many times the program has allocated memory with new.
+std::int64_t AllocationCount();

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <unordered_map>
+
+#include "export/material_statements.h"
+#include "export/rib_writer.h"
+#include "host/document/object.h"
+#include "settings/render_settings.h"
+
+namespace orv {
+
+// The materials of one export: each is read, and its images are converted, once. The document must
+// not be edited meanwhile.
+class SceneMaterials {
+ public:
+  // Both outlive this.
+  SceneMaterials(const RenderSettings& settings, TextureConverter& textures)
+      : settings_(settings), textures_(textures) {}
+
+  const MaterialStatements& StatementsOf(const CRhinoObject& object);
+
+ private:
+  const RenderSettings& settings_;
+  TextureConverter& textures_;
+  std::unordered_map<const ON_Material*, MaterialStatements> statements_;
+};
+
+// Writes the identifier and the material of an object, where the settings ask for materials.
+// `wantsRenderMesh` becomes true when the object must be written as a render mesh. With
+// `useObjectNumber` the identifier is the runtime serial number, else the object's name. A light
+// writes nothing.
+void WriteObjectMaterial(RibWriter& writer, const CRhinoObject& object,
+                         const RenderSettings& settings, SceneMaterials& materials,
+                         bool& wantsRenderMesh, bool useObjectNumber);
+
+}  // namespace orv

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "export/object_list.h"
+#include "export/rib_writer.h"
+#include "settings/render_settings.h"
+
+namespace orv {
+
+// The outlines, when they are on. The widest ink has room for the widest object's own line width.
+// The result is FrontBackOutline: objects tell the front of a surface from its back.
+bool WriteOutlineOptions(RibWriter& writer, const RenderSettings& settings,
+                         const ObjectList& objects);
+
+}  // namespace orv

@@ -1,0 +1,87 @@
+#include <cmath>
+
+#include "host/archive/chunk_scope.h"
+#include "host/archive/read_geometry.h"
+
+namespace host {
+namespace {
+
+bool IsNumber(double value) {
+  return std::isfinite(value) && value != ON_UNSET_VALUE;
+}
+
+bool CanCut(const ON_Plane& plane) {
+  const ON_3dPoint& o = plane.Origin();
+  const ON_3dVector& n = plane.Normal();
+  for (const double value : {o.x, o.y, o.z, n.x, n.y, n.z}) {
+    if (!IsNumber(value)) return false;
+  }
+  return n.Length() > 0;
+}
+
+// The rectangle, in a chunk of its own.
+bool ReadPlaneSurface(ON_BinaryArchive& archive, ON_PlaneSurface& surface) {
+  const ChunkScope scope(archive);
+  int major = 0;
+  int minor = 0;
+  if (!BeginReadChunkOf(archive, TCODE_ANONYMOUS_CHUNK, "a clipping plane without a surface") ||
+      !archive.Read3dmChunkVersion(&major, &minor)) {
+    return false;
+  }
+  if (major != 1) return archive.Fail("a plane surface of an unknown version");
+  if (!archive.ReadPlane(&surface.m_plane)) return false;
+  // The ranges of the parameters. In the older form they are the rectangle's sides as well.
+  ON_Interval* const sides = surface.m_extents;
+  if (!archive.ReadInterval(&sides[0]) || !archive.ReadInterval(&sides[1])) return false;
+  return minor < 1 || (archive.ReadInterval(&sides[0]) && archive.ReadInterval(&sides[1]));
+}
+
+bool ReadViewportIds(ON_BinaryArchive& archive, std::vector<ON_UUID>& ids) {
+  const ChunkScope scope(archive);
+  int major = 0;
+  int minor = 0;
+  std::size_t count = 0;
+  if (!archive.BeginRead3dmChunk(TCODE_ANONYMOUS_CHUNK, &major, &minor)) return false;
+  if (major != 1) return archive.Fail("a list of viewports of an unknown version");
+  if (!archive.ReadCount(sizeof(ON_UUID), &count)) return false;
+  ids.resize(count);
+  for (ON_UUID& id : ids) {
+    if (!archive.ReadUuid(&id)) return false;
+  }
+  return true;
+}
+
+// What is cut, and whether. How deep it cuts and which objects it spares, as newer documents tell
+// at the end, is passed over.
+bool ReadClipping(ON_BinaryArchive& archive, ON_ClippingPlaneSurface& surface) {
+  const ChunkScope scope(archive);
+  int major = 0;
+  int minor = 0;
+  if (!archive.BeginRead3dmChunk(TCODE_ANONYMOUS_CHUNK, &major, &minor)) return false;
+  if (major != 1) return archive.Fail("a clipping plane of an unknown version");
+  ON_UUID first_viewport_id;
+  ON_UUID plane_id;
+  // The same plane as the surface's.
+  ON_Plane plane;
+  if (!archive.ReadUuid(&first_viewport_id) || !archive.ReadUuid(&plane_id) ||
+      !archive.ReadPlane(&plane) || !archive.ReadBool(&surface.m_bEnabled)) {
+    return false;
+  }
+  if (minor >= 1) return ReadViewportIds(archive, surface.m_viewport_ids);
+  surface.m_viewport_ids = {first_viewport_id};
+  return true;
+}
+
+}  // namespace
+
+bool ReadClippingPlane(ON_BinaryArchive& archive, ON_ClippingPlaneSurface& surface) {
+  const ChunkScope scope(archive);
+  int major = 0;
+  int minor = 0;
+  if (!archive.BeginRead3dmChunk(TCODE_ANONYMOUS_CHUNK, &major, &minor)) return false;
+  if (major != 1) return archive.Fail("a clipping plane of an unknown version");
+  if (!ReadPlaneSurface(archive, surface) || !ReadClipping(archive, surface)) return false;
+  return CanCut(surface.m_plane) || archive.Fail("a clipping plane without a plane");
+}
+
+}  // namespace host

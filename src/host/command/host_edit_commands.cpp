@@ -1,0 +1,167 @@
+#include <array>
+#include <set>
+
+#include "host/command/get_object.h"
+#include "host/command/get_string.h"
+#include "host/command/host_commands.h"
+#include "host/document/app.h"
+#include "host/document/read_report.h"
+
+namespace {
+
+CommandResult TellReplayed(std::string_view verb, const std::optional<std::string>& caption,
+                           bool replayed) {
+  if (!replayed || !caption) {
+    RhinoApp().Print("Nothing to " + std::string(verb) + ".\n");
+    return CommandResult::nothing;
+  }
+  const std::string name = verb == "undo" ? "Undo" : "Redo";
+  RhinoApp().Print(name + ": " + *caption + ".\n");
+  return CommandResult::success;
+}
+
+CommandResult RunUndo(CRhinoCommandContext& context) {
+  const std::optional<std::string> caption = context.m_doc.UndoCaption();
+  return TellReplayed("undo", caption, context.m_doc.Undo());
+}
+
+CommandResult RunRedo(CRhinoCommandContext& context) {
+  const std::optional<std::string> caption = context.m_doc.RedoCaption();
+  return TellReplayed("redo", caption, context.m_doc.Redo());
+}
+
+// A text by a key; an empty one takes the key away.
+struct UserText {
+  std::string Key;
+  std::string Value;
+};
+
+// True when the carrier has changed.
+bool Apply(const UserText& text, ON_Object& carrier) {
+  if (!text.Value.empty()) {
+    carrier.SetUserString(text.Key, text.Value);
+    return true;
+  }
+  const bool had = carrier.GetUserString(text.Key).has_value();
+  carrier.m_user_strings.RemoveUserString(text.Key);
+  return had;
+}
+
+// The texts of a light stand on the light itself, those of other objects on their attributes.
+bool ApplyToObject(const UserText& text, CRhinoDoc& doc, CRhinoObject& object) {
+  if (const ON_Light* light = ON_Light::Cast(object.Geometry());
+      light && light->LightIndex() >= 0) {
+    ON_Light changed = *light;
+    return Apply(text, changed) && doc.m_light_table.ModifyLight(changed, light->LightIndex());
+  }
+  ON_3dmObjectAttributes attributes = object.Attributes();
+  return Apply(text, attributes) && doc.ModifyObjectAttributes(object, attributes);
+}
+
+// The position of the object's material. A layer that has none and gives its objects theirs gets a
+// new one when `make` is true. -1 when there is none.
+int MaterialOf(CRhinoDoc& doc, const CRhinoObject& object, bool make) {
+  const int index = object.ObjectMaterial().MaterialIndex();
+  const int layerIndex = object.Attributes().m_layer_index;
+  const ON_Layer* layer = doc.m_layer_table.At(layerIndex);
+  const bool isOfLayer = object.Attributes().MaterialSource() == ON_AttributeSource::layer;
+  if (index >= 0 || !make || !isOfLayer || layer == nullptr) return index;
+  ON_Layer changed = *layer;
+  changed.SetRenderMaterialIndex(
+      doc.m_material_table.AddMaterial(RhinoApp().AppSettings().DefaultMaterial()));
+  doc.m_layer_table.ModifyLayer(changed, layerIndex);
+  return changed.RenderMaterialIndex();
+}
+
+int SetOnObjects(const UserText& text, CRhinoDoc& doc, const std::vector<CRhinoObject*>& objects) {
+  int count = 0;
+  for (CRhinoObject* object : objects) {
+    if (ApplyToObject(text, doc, *object)) ++count;
+  }
+  return count;
+}
+
+int SetOnMaterials(const UserText& text, CRhinoDoc& doc,
+                   const std::vector<CRhinoObject*>& objects) {
+  std::set<int> indices;
+  for (const CRhinoObject* object : objects) {
+    if (object->ObjectType() == ON_ObjectType::light) continue;
+    const int index = MaterialOf(doc, *object, !text.Value.empty());
+    if (index >= 0) indices.insert(index);
+  }
+  int count = 0;
+  for (const int index : indices) {
+    ON_Material material = *doc.m_material_table.At(index);
+    if (Apply(text, material) && doc.m_material_table.ModifyMaterial(material, index)) ++count;
+  }
+  return count;
+}
+
+struct CarrierRow {
+  std::string_view Noun;
+  int (*Set)(const UserText&, CRhinoDoc&, const std::vector<CRhinoObject*>&);
+};
+
+constexpr std::array<std::string_view, 2> kCarrierWords = {"Object", "Material"};
+constexpr std::array<CarrierRow, 2> kCarriers = {
+    {{"object", SetOnObjects}, {"material", SetOnMaterials}}};
+
+// Asks for the key and what carries it. What the command gives back when there is no key.
+std::optional<CommandResult> AskForKey(CRhinoCommandContext& context, std::string& key,
+                                       int& carrier) {
+  for (;;) {
+    CRhinoGetString get(context);
+    get.SetCommandPrompt("Key of the text");
+    get.AddCommandOptionList("On", kCarrierWords, &carrier);
+    const CRhinoGet::Result result = get.GetString();
+    if (result == CRhinoGet::Result::option) continue;
+    if (result != CRhinoGet::Result::string) return get.CommandResult();
+    key = get.String();
+    if (!key.empty()) return std::nullopt;
+    if (!context.m_input.Refuse("A key is not empty.")) return CommandResult::failure;
+  }
+}
+
+// "OrvArchive set on 2 objects."
+void TellCount(const UserText& text, int count, std::string_view noun) {
+  RhinoApp().Print(text.Key + (text.Value.empty() ? " removed from " : " set on ") +
+                   std::to_string(count) + " " + (count == 1 ? std::string(noun) : Plural(noun)) +
+                   ".\n");
+}
+
+CommandResult RunSetUserText(CRhinoCommandContext& context) {
+  CRhinoGetObject getObjects(context);
+  getObjects.SetCommandPrompt("Select objects to carry a text");
+  if (getObjects.GetObjects(1, 0) != CRhinoGet::Result::object) return getObjects.CommandResult();
+  UserText text;
+  int carrier = 0;
+  if (const auto ended = AskForKey(context, text.Key, carrier)) return *ended;
+  CRhinoGetString getValue(context);
+  getValue.SetCommandPrompt("Text (Enter removes the key)");
+  getValue.SetDefaultString({});
+  if (getValue.GetString() != CRhinoGet::Result::string) return getValue.CommandResult();
+  text.Value = getValue.String();
+  const CarrierRow& row = kCarriers[static_cast<std::size_t>(carrier)];
+  const int count = row.Set(text, context.m_doc, getObjects.Objects());
+  TellCount(text, count, row.Noun);
+  return count > 0 ? CommandResult::success : CommandResult::nothing;
+}
+
+}  // namespace
+
+std::vector<HostCommand::Row> EditCommands() {
+  return {
+      {"a62fd96f-a65a-4d54-b1d0-c57819fd4ba9"_uuid, "Undo",
+       "Takes back what the last command changed.",
+       "Asks for nothing. Opening and importing a document can't be taken back.\n", RunUndo, false},
+      {"a2bc5a6d-1fcd-4e5a-9d61-c811647e9167"_uuid, "Redo", "Makes again what Undo took back.",
+       "Asks for nothing.\n", RunRedo, false},
+      {"8e41b402-13e4-4e4e-ba91-223688e52da1"_uuid, "SetUserText",
+       "Sets or removes a text of objects or of their materials.",
+       "Takes the selected objects, or asks for them as Hide does; then asks for the key, with "
+       "the\n"
+       "option On (Object or Material), and the text. Enter or an empty text removes the key. A\n"
+       "layer without a material gets one when its objects take theirs from it.\n",
+       RunSetUserText},
+  };
+}

@@ -1,0 +1,103 @@
+#include "host/document/doc_state.h"
+
+#include <array>
+
+#include "host/document/app.h"
+#include "host/document/event_watcher_list.h"
+
+DocSubject SubjectOf(const DocState& state) {
+  struct Number {
+    std::int64_t operator()(const MaterialState& material) const { return material.index; }
+    std::int64_t operator()(const LayerState& layer) const { return layer.index; }
+    std::int64_t operator()(const LightState& light) const { return light.index; }
+    std::int64_t operator()(const AttributesState& object) const { return object.serial_number; }
+  };
+  return {state.index(), std::visit(Number(), state)};
+}
+
+std::string_view ChangeCaption(const DocState& state) {
+  constexpr std::array<std::string_view, std::variant_size_v<DocState>> kCaptions = {
+      "Material change", "Layer change", "Light change", "Object change"};
+  return kCaptions[state.index()];
+}
+
+CRhinoTableEvent DocStates::Exchange(DocState& state) {
+  return std::visit([this](auto& kept) { return Exchange(kept); }, state);
+}
+
+CRhinoTableEvent DocStates::Exchange(MaterialState& state) {
+  std::vector<ON_Material>& materials = doc_.m_material_table.records_;
+  const auto index = static_cast<std::size_t>(state.index);
+  if (!state.material && index + 1 == materials.size()) {
+    state.material = std::move(materials.back());
+    materials.pop_back();
+    return CRhinoTableEvent::deleted;
+  }
+  if (state.material && index == materials.size()) {
+    materials.push_back(std::move(*state.material));
+    state.material.reset();
+    return CRhinoTableEvent::undeleted;
+  }
+  if (state.material && index < materials.size()) std::swap(materials[index], *state.material);
+  return CRhinoTableEvent::modified;
+}
+
+CRhinoTableEvent DocStates::Exchange(LayerState& state) {
+  CRhinoLayerTable& table = doc_.m_layer_table;
+  if (table.At(state.index) != nullptr && table.Exchange(state.index, state.layer)) {
+    doc_.OnVisibilityChanged();
+  }
+  return CRhinoTableEvent::modified;
+}
+
+CRhinoTableEvent DocStates::Exchange(LightState& state) {
+  CRhinoObject* light = doc_.m_light_table.At(state.index);
+  if (light != nullptr) std::swap(light->geometry_, state.light);
+  return CRhinoTableEvent::modified;
+}
+
+CRhinoTableEvent DocStates::Exchange(AttributesState& state) {
+  CRhinoObject* object = doc_.LookupObject(state.serial_number);
+  if (object != nullptr) {
+    const bool wasVisible = object->IsVisible();
+    std::swap(object->attributes_, state.attributes);
+    if (object->IsVisible() != wasVisible) doc_.visible_box_.reset();
+    object->DeselectUnlessSelectable();
+  }
+  return CRhinoTableEvent::modified;
+}
+
+void DocStates::Raise(CRhinoTableEvent event, const DocState& before) {
+  RhinoApp().EventWatchers()->Raise([&](CRhinoEventWatcher& watcher) {
+    std::visit([&](const auto& kept) { Tell(watcher, event, kept); }, before);
+  });
+}
+
+// A watcher that was called before may have opened another document: nothing is told of what isn't
+// there any more.
+void DocStates::Tell(CRhinoEventWatcher& watcher, CRhinoTableEvent event,
+                     const MaterialState& before) {
+  const CRhinoMaterialTable& table = doc_.m_material_table;
+  if (event != CRhinoTableEvent::deleted && table.At(before.index) == nullptr) return;
+  watcher.MaterialTableEvent(event, table, before.index,
+                             before.material ? &*before.material : nullptr);
+}
+
+void DocStates::Tell(CRhinoEventWatcher& watcher, CRhinoTableEvent event,
+                     const LayerState& before) {
+  const CRhinoLayerTable& table = doc_.m_layer_table;
+  if (table.At(before.index) == nullptr) return;
+  watcher.LayerTableEvent(event, table, before.index, &before.layer);
+}
+
+void DocStates::Tell(CRhinoEventWatcher& watcher, CRhinoTableEvent event,
+                     const LightState& before) {
+  const CRhinoLightTable& table = doc_.m_light_table;
+  if (table.At(before.index) == nullptr) return;
+  watcher.LightTableEvent(event, table, before.index, ON_Light::Cast(before.light.get()));
+}
+
+void DocStates::Tell(CRhinoEventWatcher& watcher, CRhinoTableEvent, const AttributesState& before) {
+  CRhinoObject* object = doc_.LookupObject(before.serial_number);
+  if (object != nullptr) watcher.OnModifyObjectAttributes(doc_, *object, before.attributes);
+}

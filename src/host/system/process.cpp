@@ -1,0 +1,195 @@
+#include "host/system/process.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+#include <thread>
+
+#include "host/system/environment.h"
+#include "host/system/file.h"
+#include "host/system/interrupt.h"
+#include "host/system/path.h"
+#include "host/system/text.h"
+
+namespace host {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds kBetweenLooks{5};
+// How long a process may clean up when it is told to end, and how long one is waited for that was
+// ended by force: it may hang in a file system that doesn't answer.
+constexpr milliseconds kGrace{400};
+constexpr milliseconds kForcedEnd{400};
+
+bool HasZeroByte(const std::string& text) {
+  return text.find('\0') != std::string::npos;
+}
+
+bool IsProgram(const std::string& path) {
+  return FileExists(path) && faccessat(AT_FDCWD, NativePath(path).c_str(), X_OK, AT_EACCESS) == 0;
+}
+
+// The folders of the search path; an empty entry stands for the current folder.
+std::vector<std::string> SearchFolders() {
+  const std::string path = EnvironmentValue("PATH").value_or("/usr/bin:/bin");
+  std::vector<std::string> folders;
+  for (std::size_t begin = 0; begin <= path.size();) {
+    const std::size_t end = std::min(path.find(':', begin), path.size());
+    folders.push_back(end == begin ? "." : path.substr(begin, end - begin));
+    begin = end + 1;
+  }
+  return folders;
+}
+
+std::optional<std::string> FindProgram(const std::string& name) {
+  if (name.empty()) return std::nullopt;
+  if (name.find_first_of("/\\") != std::string::npos) {
+    return IsProgram(name) ? std::optional(name) : std::nullopt;
+  }
+  for (const std::string& folder : SearchFolders()) {
+    std::string path = AppendPath(folder, name);
+    if (IsProgram(path)) return path;
+  }
+  return std::nullopt;
+}
+
+// The program's file; a relative name counts from this program's folder, not from the one in which
+// the program is started. Empty when there is none.
+std::string ProgramFile(const std::string& name) {
+  std::optional<std::string> found = FindProgram(name);
+  if (!found) {
+    PathParts parts = SplitPath(name);
+    if (EqualNoCase(parts.Extension, ".exe")) {
+      parts.Extension.clear();
+      found = FindProgram(JoinPath(parts));
+    }
+  }
+  if (!found) return {};
+  std::error_code failure;
+  const std::filesystem::path file = std::filesystem::absolute(NativePath(*found), failure);
+  return failure ? std::string() : file.string();
+}
+
+// What is done in a new process before its program begins.
+class Preparation {
+ public:
+  explicit Preparation(const ProcessStart& start);
+  ~Preparation();
+  Preparation(const Preparation&) = delete;
+  Preparation& operator=(const Preparation&) = delete;
+
+  std::optional<pid_t> Start(const std::string& file, const std::vector<std::string>& arguments);
+
+ private:
+  void OpenNothing(int descriptor, int mode);
+  void Check(int error) { failed_ = failed_ || error != 0; }
+
+  posix_spawn_file_actions_t files_;
+  posix_spawnattr_t attributes_;
+  bool failed_ = false;
+};
+
+Preparation::Preparation(const ProcessStart& start) {
+  Check(posix_spawn_file_actions_init(&files_));
+  Check(posix_spawnattr_init(&attributes_));
+  // Signals that this program ignores or blocks would stay so in the new one.
+  sigset_t signals;
+  sigfillset(&signals);
+  Check(posix_spawnattr_setsigdefault(&attributes_, &signals));
+  sigemptyset(&signals);
+  Check(posix_spawnattr_setsigmask(&attributes_, &signals));
+  // A group of its own, by which it is ended together with what it started.
+  const int group = start.Hidden ? POSIX_SPAWN_SETSID : POSIX_SPAWN_SETPGROUP;
+  const int flags = POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK | group;
+  Check(posix_spawnattr_setflags(&attributes_, static_cast<short>(flags)));
+
+  OpenNothing(STDIN_FILENO, O_RDONLY);
+  if (start.Hidden) {
+    OpenNothing(STDOUT_FILENO, O_WRONLY);
+    OpenNothing(STDERR_FILENO, O_WRONLY);
+  }
+  Check(posix_spawn_file_actions_addclosefrom_np(&files_, STDERR_FILENO + 1));
+  if (!start.Folder.empty()) {
+    const std::string folder = NativePath(start.Folder).string();
+    Check(posix_spawn_file_actions_addchdir_np(&files_, folder.c_str()));
+  }
+}
+
+Preparation::~Preparation() {
+  posix_spawnattr_destroy(&attributes_);
+  posix_spawn_file_actions_destroy(&files_);
+}
+
+void Preparation::OpenNothing(int descriptor, int mode) {
+  Check(posix_spawn_file_actions_addopen(&files_, descriptor, "/dev/null", mode, 0));
+}
+
+std::optional<pid_t> Preparation::Start(const std::string& file,
+                                        const std::vector<std::string>& arguments) {
+  std::vector<std::string> texts = arguments;
+  std::vector<char*> words;
+  words.reserve(texts.size() + 1);
+  for (std::string& text : texts) words.push_back(text.data());
+  words.push_back(nullptr);
+  pid_t process = -1;
+  if (failed_ ||
+      posix_spawn(&process, file.c_str(), &files_, &attributes_, words.data(), environ) != 0) {
+    return std::nullopt;
+  }
+  return process;
+}
+
+// The process stays to be reaped: until then its number, and that of its group, is no other's.
+bool HasEnded(pid_t process) {
+  siginfo_t info = {};
+  const int result = waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOHANG | WNOWAIT);
+  return result != 0 || info.si_pid == process;
+}
+
+// Looks until the process has ended, `limit` is over or `isToStop` says so; true when it has ended.
+template <class Predicate>
+bool WaitForEnd(pid_t process, milliseconds limit, Predicate isToStop) {
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point begin = Clock::now();
+  while (!HasEnded(process)) {
+    if (isToStop()) return false;
+    if (std::chrono::duration_cast<milliseconds>(Clock::now() - begin) >= limit) return false;
+    std::this_thread::sleep_for(kBetweenLooks);
+  }
+  return true;
+}
+
+void TerminateGroup(pid_t process) {
+  const auto never = [] { return false; };
+  kill(-process, SIGTERM);
+  WaitForEnd(process, kGrace, never);
+  kill(-process, SIGKILL);
+  WaitForEnd(process, kForcedEnd, never);
+}
+
+}  // namespace
+
+bool RunProcess(const ProcessStart& start, milliseconds limit) {
+  const std::vector<std::string>& arguments = start.Arguments;
+  if (arguments.empty() || std::any_of(arguments.begin(), arguments.end(), HasZeroByte) ||
+      HasZeroByte(start.Folder) || InterruptRequested()) {
+    return false;
+  }
+  const std::string file = ProgramFile(arguments[0]);
+  if (file.empty()) return false;
+  const std::optional<pid_t> process = Preparation(start).Start(file, arguments);
+  if (!process) return false;
+  if (!WaitForEnd(*process, limit, InterruptRequested)) TerminateGroup(*process);
+  waitpid(*process, nullptr, WNOHANG);
+  return true;
+}
+
+}  // namespace host

@@ -1,0 +1,61 @@
+#include "export/shader_statement.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "export_fixture.h"
+#include "support/rib_checker.h"
+
+namespace {
+
+std::string Statement(std::string_view call) {
+  return Written([call](orv::RibWriter& writer) {
+    orv::WriteShaderStatement(writer, "Surface", call);
+    RibPrintf(writer, "Sides 1\n");
+  });
+}
+
+TEST(ShaderStatement, IsTheCallAsItStands) {
+  EXPECT_EQ(Statement("\"VPlastic\"   \"float Diffuse\" [0.5] \"string Map\" [\"a 50%.tx\"]"),
+            "Surface \"VPlastic\"   \"float Diffuse\" [0.5] \"string Map\" [\"a 50%.tx\"]\n"
+            "Sides 1\n");
+  EXPECT_EQ(Statement("matte"), "Surface matte\nSides 1\n");
+}
+
+// A call of `count` floats.
+std::string LongCall(int count) {
+  std::string call = "\"VLong\"";
+  for (int i = 0; i < count; ++i) call += " \"float P" + std::to_string(i) + "\" [0.5]";
+  return call;
+}
+
+TEST(ShaderStatement, OfALongCallHasEachParameterOnALineThatHoldsIt) {
+  for (const int count : {201, 2000, 50000}) {
+    const RibReport report = CheckRib(Statement(LongCall(count)));
+    EXPECT_THAT(report.Complaints, testing::IsEmpty());
+    ASSERT_EQ(report.Statements.size(), 2U);
+    EXPECT_EQ(report.Statements[0].Name, "Surface");
+    EXPECT_EQ(report.Statements[0].Arguments.size(), 1U + 2U * static_cast<std::size_t>(count));
+    EXPECT_EQ(report.Statements[1].Name, "Sides");
+  }
+}
+
+TEST(ShaderStatement, OfALongCallLeavesOutAParameterLongerThanALine) {
+  const std::string call = "\"VLong\" \"float A\" [1] \"string Map\" [\"" +
+                           std::string(1 << 20, 'x') + "\"] \"float B\" [2]";
+  EXPECT_EQ(Statement(call), "Surface \"VLong\" \"float A\" [1] \"float B\" [2]\nSides 1\n");
+}
+
+TEST(ShaderStatement, OfALongCallWithoutItsLastSignsIsClosed) {
+  const RibReport report = CheckRib(Statement(LongCall(300) + " \"float Last\" [0.5"));
+  EXPECT_THAT(report.Complaints, testing::IsEmpty());
+  EXPECT_EQ(report.Statements.size(), 2U);
+}
+
+TEST(ShaderStatement, OfALongNameOrNothingIsStillOne) {
+  EXPECT_EQ(Statement(std::string(5000, ' ')), "Surface \"\"\nSides 1\n");
+  EXPECT_EQ(Statement('"' + std::string(5000, 'n')),
+            "Surface \"" + std::string(3500, 'n') + "\"\nSides 1\n");
+}
+
+}  // namespace
