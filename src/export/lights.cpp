@@ -33,7 +33,7 @@ LightWriter WriterOf(const ON_Light& light) {
   }
 }
 
-// The numbers that a light of this kind is made of are set, and are numbers.
+// The numbers that the statement of this kind of light is made of are set, and are numbers.
 bool HasItsNumbers(const ON_Light& light) {
   const bool hasPlace = AreCoordinates(light.Location()) && std::isfinite(light.ShadowIntensity());
   const bool hasDirection = AreCoordinates(light.Direction());
@@ -42,6 +42,8 @@ bool HasItsNumbers(const ON_Light& light) {
            std::isfinite(light.SpotExponent());
   }
   switch (light.Style()) {
+    case ON_LightStyle::world_point:
+      return hasPlace;
     case ON_LightStyle::world_directional:
       return hasPlace && hasDirection;
     case ON_LightStyle::world_linear:
@@ -50,7 +52,7 @@ bool HasItsNumbers(const ON_Light& light) {
       return hasPlace && hasDirection && AreCoordinates(light.Length()) &&
              AreCoordinates(light.Width());
     default:
-      return hasPlace;
+      return true;
   }
 }
 

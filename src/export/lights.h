@@ -1,7 +1,6 @@
 #pragma once
 
 #include "export/global_light.h"
-#include "export/light_channels.h"
 #include "export/object_list.h"
 #include "export/rib_writer.h"
 #include "host/document/view.h"

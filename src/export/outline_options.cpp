@@ -52,9 +52,9 @@ void WriteEdges(RibWriter& writer, const RenderSettings& settings) {
 
 }  // namespace
 
-bool WriteOutlineOptions(RibWriter& writer, const RenderSettings& settings,
+void WriteOutlineOptions(RibWriter& writer, const RenderSettings& settings,
                          const ObjectList& objects) {
-  if (!settings.Outline) return false;
+  if (!settings.Outline) return;
   WriteInkWidths(writer, settings, WidestLine(objects));
   WriteInkColor(writer, settings);
   WriteEdges(writer, settings);
@@ -62,7 +62,6 @@ bool WriteOutlineOptions(RibWriter& writer, const RenderSettings& settings,
     RibPrintf(writer, "Option \"toon\" \"string vectorexportfile\" \"%s\"\n",
               RibPath(settings.VectorExportName).c_str());
   }
-  return settings.FrontBack;
 }
 
 }  // namespace orv

@@ -7,8 +7,7 @@
 namespace orv {
 
 // The outlines, when they are on. The widest ink has room for the widest object's own line width.
-// The result is FrontBackOutline: objects tell the front of a surface from its back.
-bool WriteOutlineOptions(RibWriter& writer, const RenderSettings& settings,
+void WriteOutlineOptions(RibWriter& writer, const RenderSettings& settings,
                          const ObjectList& objects);
 
 }  // namespace orv

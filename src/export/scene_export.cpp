@@ -5,7 +5,9 @@
 
 #include "export/camera.h"
 #include "export/frame.h"
+#include "export/global_light.h"
 #include "export/image_output.h"
+#include "export/light_channels.h"
 #include "export/lights.h"
 #include "export/object_list.h"
 #include "export/object_walk.h"

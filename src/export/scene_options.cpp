@@ -41,12 +41,12 @@ void WritePixelOptions(RibWriter& writer, const RenderSettings& settings) {
 
 }  // namespace
 
-bool WriteSceneOptions(RibWriter& writer, const CRhinoDoc& doc, const CRhinoView& view,
+void WriteSceneOptions(RibWriter& writer, const CRhinoDoc& doc, const CRhinoView& view,
                        const ObjectList& objects, const RenderSettings& settings,
                        const IprSettings* iprSettings, TextureConverter& textures) {
   WriteBackground(writer, settings, textures);
   WriteGiOptions(writer, settings);
-  const bool frontBackOutline = WriteOutlineOptions(writer, settings, objects);
+  WriteOutlineOptions(writer, settings, objects);
   WriteReflectionOptions(writer, settings);
   WriteDefaultSurface(writer, settings);
   WriteOptionsArchive(writer, settings);
@@ -56,7 +56,6 @@ bool WriteSceneOptions(RibWriter& writer, const CRhinoDoc& doc, const CRhinoView
   WriteClippingPlanes(writer, view, objects);
   if (iprSettings != nullptr) WriteIprOptions(writer, *iprSettings);
   WriteCausticOptions(writer, settings);
-  return frontBackOutline;
 }
 
 }  // namespace orv

@@ -11,9 +11,8 @@ namespace orv {
 
 // The options and default attributes of the frame, all that stands between the camera and the
 // world. `view` is the chosen one; `iprSettings` is null unless an interactive session asks; images
-// of the background are converted by `textures`. The result is FrontBackOutline: objects tell the
-// front of an outlined surface from its back.
-bool WriteSceneOptions(RibWriter& writer, const CRhinoDoc& doc, const CRhinoView& view,
+// of the background are converted by `textures`.
+void WriteSceneOptions(RibWriter& writer, const CRhinoDoc& doc, const CRhinoView& view,
                        const ObjectList& objects, const RenderSettings& settings,
                        const IprSettings* iprSettings, TextureConverter& textures);
 

@@ -19,9 +19,9 @@ constexpr std::size_t kHeaderSize = 236;
 constexpr std::size_t kRecordSize = 32;
 constexpr std::size_t kWordSize = 4;
 constexpr std::size_t kStringSize = 160;
-// Far more than the values of a whole file give. Parameters that share their values could give more
+// More than the values of a whole file give. Parameters that share their values could give more
 // without end.
-constexpr std::size_t kMostText = std::size_t{4} << 20;
+constexpr std::size_t kMostText = std::size_t{1} << 20;
 
 constexpr std::array<std::string_view, 8> kKinds = {"Surface",   "Displacement", "Atmosphere",
                                                     "Imager",    "LightSource",  "Deformation",
@@ -66,7 +66,7 @@ std::string TextAt(std::string_view bytes, std::size_t offset, std::size_t size)
 struct ParamRecord {
   // One that takes no room and says nothing for an unknown type.
   ValueType Type;
-  int ValueIndex = 0;
+  std::ptrdiff_t ValueIndex = 0;
   std::size_t Length = 0;
   unsigned Storage = 0;
   std::string Name;

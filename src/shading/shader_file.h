@@ -11,7 +11,7 @@
 namespace orv {
 
 // False, and both results are empty, when the file can't be opened or makes no sense: an unknown
-// kind, a count, index or length that leads outside the file, more than 4 MB of call text. True
+// kind, a count, index or length that leads outside the file, more than 1 MB of call text. True
 // with empty results for a file of at most 4 bytes. A file is read up to its byte 256,236.
 [[nodiscard]] bool ReadShaderFile(std::string_view path, std::string& callText, std::string& kind);
 

@@ -207,7 +207,7 @@ TEST_F(Lights, WithNumbersThatAreNoneAreLeftOut) {
   const double bad[] = {std::nan(""), std::numeric_limits<double>::infinity(), ON_UNSET_VALUE};
   for (const double number : bad) {
     for (const Style style : {Style::world_point, Style::world_rectangular, Style::world_linear,
-                              Style::world_spot, Style::world_directional, Style::ambient}) {
+                              Style::world_spot, Style::world_directional}) {
       ONX_ModelLight light = LightOf(style);
       light.m_light->m_location.y = number;
       model_.m_light_table = {light, PointLight()};
@@ -244,6 +244,7 @@ TEST_F(Lights, AreLeftOutForTheNumbersOfTheirKindOnly) {
   EXPECT_FALSE(isLeftOut(Style::world_point, angle));
   EXPECT_TRUE(isLeftOut(Style::world_spot, exponent));
   EXPECT_TRUE(isLeftOut(Style::world_point, shadow));
+  EXPECT_FALSE(isLeftOut(Style::ambient, shadow));
 }
 
 TEST_F(Lights, GreatNumbersAreReadableStill) {

@@ -104,7 +104,8 @@ TEST_F(SceneExportTest, ANumberedFrameIsOneInNameAndBlock) {
                              "\n"
                              "FrameBegin 12\n"
                              "  PixelSamples 4 4\n"));
-  EXPECT_THAT(rib, HasSubstr("\n\n  WorldBegin\n    Attribute \"render\" \"facevertex\" [1]\n    "));
+  EXPECT_THAT(rib,
+              HasSubstr("\n\n  WorldBegin\n    Attribute \"render\" \"facevertex\" [1]\n    "));
   EXPECT_THAT(rib, testing::EndsWith("    AttributeEnd\n\n  WorldEnd\n\nFrameEnd\n"));
 }
 

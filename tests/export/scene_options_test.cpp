@@ -48,8 +48,8 @@ class SceneOptions : public testing::Test {
     const orv::ObjectList objects = orv::GatherObjects(doc, false, settings_);
     orv::TextureConverter textures;
     return WrittenRib([&](orv::RibWriter& writer) {
-      frontBackOutline_ = orv::WriteSceneOptions(writer, doc, *doc.ActiveView(), objects, settings_,
-                                                 iprSettings, textures);
+      orv::WriteSceneOptions(writer, doc, *doc.ActiveView(), objects, settings_, iprSettings,
+                             textures);
     });
   }
   // What stands between the reflection options and the units.
@@ -63,12 +63,10 @@ class SceneOptions : public testing::Test {
 
   ONX_Model model_;
   orv::RenderSettings settings_;
-  bool frontBackOutline_ = false;
 };
 
 TEST_F(SceneOptions, OfAFreshDocument) {
   EXPECT_EQ(Rib(), std::string(kBackground) + kGi + kReflection + kUnits);
-  EXPECT_FALSE(frontBackOutline_);
 }
 
 TEST_F(SceneOptions, TheDefaultSurfaceIsWrittenAsItStands) {
@@ -158,7 +156,6 @@ TEST_F(SceneOptions, AllInTheirOrder) {
                                    "LightSource \"caustic\" 999 \"__channel\" [9]\n"
                                    "Attribute \"caustic\" \"maxpixeldist\" [10]\n"
                                    "Attribute \"caustic\" \"ngather\" [75]\n");
-  EXPECT_TRUE(frontBackOutline_);
 }
 
 }  // namespace

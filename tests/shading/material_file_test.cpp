@@ -140,6 +140,13 @@ TEST(MaterialText, LongTextsAreCutBetweenCharacters) {
   EXPECT_THAT(text, EndsWith("\n  \"string A\" [\"" + std::string(999, 's') + "\"]\n"));
 }
 
+TEST(MaterialText, StringThatIsCutBehindABackslashEndsAllTheSame) {
+  MaterialAttributes material;
+  const std::string start = '"' + std::string(998, 's');
+  material.Displacement = "\"Y\" \"string A\" [" + start + "\\maps\"]";
+  EXPECT_THAT(TextFromMaterial("a", 1, material), EndsWith(" [" + start + "/\"]\n"));
+}
+
 TEST(MaterialText, NothingEndsAStringOrItsBracketsEarly) {
   MaterialAttributes material;
   material.Name = "6\" pipe\n\\";

@@ -265,6 +265,17 @@ TEST(ParseShaderFile, ALargeFileHasAllItsParameters) {
   EXPECT_EQ(value, 0.75);
 }
 
+// As many numbers as a file can hold, each as long as they get.
+TEST(ParseShaderFile, TheFullestFileIsTaken) {
+  const std::string number = FloatBytes({-1.23456e-30F});
+  std::string numbers;
+  while (numbers.size() < 255900) numbers += number;
+  const auto count = static_cast<std::uint16_t>(numbers.size() / 4);
+  const Reading reading = Read(ShaderWith({1, "A", numbers, count}).Bytes());
+  EXPECT_TRUE(reading.Success);
+  EXPECT_GT(reading.CallText.size(), 800000);
+}
+
 TEST(ParseShaderFile, ParametersAreReadByTheEditor) {
   std::string name;
   const auto params = ParseParamList(Read(Plastic().Bytes()).CallText, name, 1);

@@ -92,8 +92,7 @@ const ON_UUID& CRhinoDoc::AddObject(ObjectList& list, ONX_ModelObject object) {
   ON_UUID& id = object.m_attributes.m_uuid;
   const auto isTaken = [this](const ON_UUID& candidate) { return by_id_.contains(candidate); };
   if (id.IsNil() || isTaken(id)) id = NewId(serialNumber, isTaken);
-  CRhinoObject& added =
-      *list.emplace_back(NewObject(*this, serialNumber, std::move(object)));
+  CRhinoObject& added = *list.emplace_back(NewObject(*this, serialNumber, std::move(object)));
   by_id_.emplace(added.attributes_.m_uuid, &added);
   by_serial_number_.emplace(serialNumber, &added);
   return added.attributes_.m_uuid;

@@ -73,6 +73,7 @@ TEST(Text, ComparesWithoutRegardToCase) {
   EXPECT_TRUE(EqualNoCase("ΣΊΣΥΦΟΣ", "σίσυφος"));
   EXPECT_TRUE(EqualNoCase("МОСКВА", "москва"));
   EXPECT_TRUE(EqualNoCase("\u212A", "k"));  // the Kelvin sign
+  EXPECT_TRUE(EqualNoCase("Bloc\u212A", "bLOCk"));
   EXPECT_FALSE(EqualNoCase("RibName", "RibNam"));
   EXPECT_FALSE(EqualNoCase("RibNam", "RibName"));
   EXPECT_FALSE(EqualNoCase("a_", "a?"));
