@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "export/attribute_scope.h"
 #include "host/geometry/on_line.h"
 
 namespace orv {
@@ -158,14 +159,12 @@ void WriteTransform(RibWriter& writer, const ON_Viewport& viewport, RenderSettin
 }
 
 void WriteRightEye(RibWriter& writer, const RenderSettings& settings) {
-  RibPrintf(writer, "AttributeBegin\n");
-  writer.Indent += 2;
+  BeginAttributes(writer);
   RibPrintf(writer, "Identity\n");
   RibPrintf(writer, "Translate %g 0 0\n", settings.InterocularDistance * 0.5);
   WriteCameraMatrix(writer, settings.CameraMatrix);
   RibPrintf(writer, "Camera \"right\"\n");
-  writer.Indent -= 2;
-  RibPrintf(writer, "AttributeEnd\n");
+  EndAttributes(writer);
 }
 
 void WriteDepthOfField(RibWriter& writer, const CRhinoViewport& viewport, const CRhinoDoc& doc,

@@ -1,14 +1,10 @@
 #include "export/caustic_options.h"
 
+#include "export/caustic_light.h"
 #include "export/rib_text.h"
 
 namespace orv {
 namespace {
-
-// No other light has this number.
-constexpr int kCausticLight = 999;
-// The slot of the __lights array that caustics share with the lights of the last channel.
-constexpr int kCausticChannel = 9;
 
 void WritePhotonFile(RibWriter& writer, const RenderSettings& settings) {
   if (settings.CausticCacheName.empty()) return;

@@ -6,13 +6,15 @@
 
 namespace orv {
 
-// Beyond this a coordinate is one that a document has left unset, or no number at all. Sums of
-// lesser ones are finite.
-inline constexpr double kGreatestCoordinate = 1e300;
+// Beyond this a coordinate or another number is one that a document has left unset, or no number at
+// all. Sums of lesser ones are finite.
+inline constexpr double kGreatestNumber = 1e300;
 
+inline bool IsSetNumber(double number) {
+  return std::fabs(number) <= kGreatestNumber;
+}
 inline bool AreCoordinates(ON_3dVector v) {
-  const auto isCoordinate = [](double c) { return std::fabs(c) <= kGreatestCoordinate; };
-  return isCoordinate(v.x) && isCoordinate(v.y) && isCoordinate(v.z);
+  return IsSetNumber(v.x) && IsSetNumber(v.y) && IsSetNumber(v.z);
 }
 inline bool AreCoordinates(ON_3dPoint p) {
   return AreCoordinates(ON_FromOrigin(p));

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <string>
 
+#include "host/system/text.h"
+
 namespace orv {
 namespace {
 
 // The text on one line: each control character is a blank.
 std::string OnOneLine(std::string text) {
-  const auto isControl = [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; };
-  std::replace_if(text.begin(), text.end(), isControl, ' ');
+  std::replace_if(text.begin(), text.end(), host::IsControl, ' ');
   return text;
 }
 

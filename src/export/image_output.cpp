@@ -42,15 +42,11 @@ std::vector<Channel> AllChannels(const LightChannelCounts& lightChannelCounts) {
   return channels;
 }
 
-bool Contains(std::string_view text, std::string_view word) {
-  return text.find(word) != std::string_view::npos;
-}
-
 std::vector<Channel> ChannelsInUse(const RenderSettings& settings,
                                    const LightChannelCounts& lightChannelCounts) {
   std::vector<Channel> channels = AllChannels(lightChannelCounts);
   std::erase_if(channels, [&](const Channel& channel) {
-    return !Contains(settings.ExtraChannels, channel.word);
+    return !host::Contains(settings.ExtraChannels, channel.word);
   });
   return channels;
 }
@@ -133,7 +129,7 @@ void WriteImageOutput(RibWriter& writer, const RenderSettings& settings,
     return;
   }
   WriteChannelDeclarations(writer);
-  if (settings.ReflectChannels && Contains(settings.ExtraChannels, "Lights")) {
+  if (settings.ReflectChannels && host::Contains(settings.ExtraChannels, "Lights")) {
     RibPrintf(writer, "Option \"user\" \"float reflectlights\" [1]\n");
   }
   const std::vector<Channel> channels = ChannelsInUse(settings, lightChannelCounts);

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "export/caustic_light.h"
 #include "host/geometry/on_light.h"
 #include "shading/light_attributes.h"
 
@@ -9,7 +10,6 @@ namespace orv {
 namespace {
 
 constexpr std::size_t kEnvironmentSlot = 0;
-constexpr std::size_t kCausticSlot = 9;
 
 bool HasGlobalChannel(const RenderSettings& settings) {
   const bool occlusion = settings.GiMode == 4 || settings.GiMode == 5;
@@ -37,7 +37,7 @@ LightChannelCounts CountLightChannels(const RenderSettings& settings, const Obje
     if (light != nullptr && light->IsEnabled() && object->IsVisible()) CountLight(*light, counts);
   }
   if (HasGlobalChannel(settings)) counts[kEnvironmentSlot] = 1;
-  if (settings.CausticsEnable) counts[kCausticSlot] = 1;
+  if (settings.CausticsEnable) counts[kCausticChannel] = 1;
   return counts;
 }
 

@@ -13,6 +13,15 @@ void WriteRaytracedShadow(RibWriter& writer, const LightSource& source) {
             source.ShadowColor.Red, source.ShadowColor.Green, source.ShadowColor.Blue);
 }
 
+void WriteAreaShadow(RibWriter& writer, const LightSource& source) {
+  if (source.Shadow > 0) {
+    WriteRaytracedShadow(writer, source);
+    RibPrintf(writer, "\n");
+  } else {
+    RibPrintf(writer, " \"string shadowname\" \"\"\n");
+  }
+}
+
 void WriteShadowSampling(RibWriter& writer, const LightSource& source) {
   RibPrintf(writer, " \"float shadowsamples\" [%d] \"float shadowblur\" [%g]\n",
             source.ShadowSamples, source.Attributes.ShadowBlur);

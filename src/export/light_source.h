@@ -29,6 +29,9 @@ void WriteLightComponents(RibWriter& writer, const LightSource& source);
 // " "string shadowname" "raytrace" "color shadowcolor" [...]", which doesn't end the line.
 void WriteRaytracedShadow(RibWriter& writer, const LightSource& source);
 
+// What shadow a light with a shape casts, or that it casts none, to the end of the line.
+void WriteAreaShadow(RibWriter& writer, const LightSource& source);
+
 // " "float shadowsamples" [...] "float shadowblur" [...]" and the end of the line.
 void WriteShadowSampling(RibWriter& writer, const LightSource& source);
 

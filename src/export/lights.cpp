@@ -1,7 +1,7 @@
 #include "export/lights.h"
 
 #include <algorithm>
-#include <cmath>
+#include <array>
 #include <limits>
 
 #include "export/coordinates.h"
@@ -14,46 +14,45 @@
 namespace orv {
 namespace {
 
-using LightWriter = void (*)(RibWriter&, const LightSource&);
+// A kind of light that has a statement: what writes it, and which numbers of the light it is made
+// of besides those that all have.
+struct LightKind {
+  ON_LightStyle Style;
+  void (*Write)(RibWriter&, const LightSource&);
+  bool Direction = false;
+  bool Length = false;
+  bool Width = false;
+  bool Cone = false;
+};
 
-// Null for a kind of light that has no statement.
-LightWriter WriterOf(const ON_Light& light) {
-  if (light.IsSpotLight()) return WriteSpotLight;
-  switch (light.Style()) {
-    case ON_LightStyle::world_directional:
-      return WriteDirectionalLight;
-    case ON_LightStyle::world_point:
-      return WritePointLight;
-    case ON_LightStyle::world_linear:
-      return WriteLinearLight;
-    case ON_LightStyle::world_rectangular:
-      return WriteRectangularLight;
-    default:
-      return nullptr;
-  }
+constexpr std::array<LightKind, 5> kKinds{{
+    {.Style = ON_LightStyle::world_spot, .Write = WriteSpotLight, .Direction = true, .Cone = true},
+    {.Style = ON_LightStyle::world_point, .Write = WritePointLight},
+    {.Style = ON_LightStyle::world_directional, .Write = WriteDirectionalLight, .Direction = true},
+    {.Style = ON_LightStyle::world_linear, .Write = WriteLinearLight, .Length = true},
+    {.Style = ON_LightStyle::world_rectangular,
+     .Write = WriteRectangularLight,
+     .Direction = true,
+     .Length = true,
+     .Width = true},
+}};
+
+// Null for a light that has no statement. All spots are one kind.
+const LightKind* KindOf(const ON_Light& light) {
+  const ON_LightStyle style = light.IsSpotLight() ? ON_LightStyle::world_spot : light.Style();
+  const auto* found = std::find_if(kKinds.begin(), kKinds.end(),
+                                   [style](const LightKind& kind) { return kind.Style == style; });
+  return found == kKinds.end() ? nullptr : found;
 }
 
-// The numbers that the statement of this kind of light is made of are set, and are numbers.
-bool HasItsNumbers(const ON_Light& light) {
-  const bool hasPlace = AreCoordinates(light.Location()) && std::isfinite(light.ShadowIntensity());
-  const bool hasDirection = AreCoordinates(light.Direction());
-  if (light.IsSpotLight()) {
-    return hasPlace && hasDirection && std::isfinite(light.SpotAngleRadians()) &&
-           std::isfinite(light.SpotExponent());
-  }
-  switch (light.Style()) {
-    case ON_LightStyle::world_point:
-      return hasPlace;
-    case ON_LightStyle::world_directional:
-      return hasPlace && hasDirection;
-    case ON_LightStyle::world_linear:
-      return hasPlace && AreCoordinates(light.Length());
-    case ON_LightStyle::world_rectangular:
-      return hasPlace && hasDirection && AreCoordinates(light.Length()) &&
-             AreCoordinates(light.Width());
-    default:
-      return true;
-  }
+// The numbers that the statement is made of are set, and are numbers.
+bool HasItsNumbers(const ON_Light& light, const LightKind& kind) {
+  return AreCoordinates(light.Location()) && IsSetNumber(light.ShadowIntensity()) &&
+         (!kind.Direction || AreCoordinates(light.Direction())) &&
+         (!kind.Length || AreCoordinates(light.Length())) &&
+         (!kind.Width || AreCoordinates(light.Width())) &&
+         (!kind.Cone ||
+          (IsSetNumber(light.SpotAngleRadians()) && IsSetNumber(light.SpotExponent())));
 }
 
 // Interactive sessions hear of lights that are off, because these may be switched on.
@@ -85,9 +84,10 @@ int PhotonCount(const LightSource& source) {
   return static_cast<int>(std::clamp<double>(photons, 0, std::numeric_limits<int>::max()));
 }
 
+// `kind` is null for a light without a statement.
 void WriteLight(RibWriter& writer, const CRhinoObject& object, const ON_Light& light,
-                const RenderSettings& settings, const IprSettings* iprSettings,
-                Lighting& lighting) {
+                const LightKind* kind, const RenderSettings& settings,
+                const IprSettings* iprSettings, Lighting& lighting) {
   LightSource source = SourceOf(light, settings);
   source.IsInteractive = iprSettings != nullptr;
   source.Number = static_cast<int>(object.RuntimeSerialNumber());
@@ -95,10 +95,10 @@ void WriteLight(RibWriter& writer, const CRhinoObject& object, const ON_Light& l
   if (settings.CausticPhotonPass) {
     RibPrintf(writer, "Attribute \"light\" \"nphotons\" [%d]\n", PhotonCount(source));
   }
-  if (const LightWriter write = WriterOf(light)) {
+  if (kind != nullptr) {
     ++lighting.LightCount;
     if (!source.IsInteractive) source.Number = lighting.LightCount;
-    write(writer, source);
+    kind->Write(writer, source);
   }
   RibPrintf(writer, "Illuminate %d %d\n", source.Number, light.IsEnabled() ? 1 : 0);
 }
@@ -113,8 +113,9 @@ bool WriteDocumentLights(RibWriter& writer, const ObjectList& objects,
     const ON_Light* light = ON_Light::Cast(object->Geometry());
     if (light == nullptr || !IsWritten(*object, *light, iprSettings)) continue;
     if (writer.HasError()) return false;
-    if (!HasItsNumbers(*light)) continue;
-    WriteLight(writer, *object, *light, settings, iprSettings, lighting);
+    const LightKind* kind = KindOf(*light);
+    if (kind != nullptr && !HasItsNumbers(*light, *kind)) continue;
+    WriteLight(writer, *object, *light, kind, settings, iprSettings, lighting);
   }
   return true;
 }

@@ -12,8 +12,8 @@ namespace orv {
 
 // The document's lights, those that are visible and switched on; an interactive session (where
 // `iprSettings` isn't null) has the switched-off ones too, and takes the objects' serial numbers as
-// light numbers. A light with a number that is unset or no number is left out. The stream is tested
-// before each light: false when it has an error.
+// light numbers. A light is left out when a number that its statement is made of is unset or no
+// number. The stream is tested before each light: false when it has an error.
 [[nodiscard]] bool WriteDocumentLights(RibWriter& writer, const ObjectList& objects,
                                        const RenderSettings& settings,
                                        const IprSettings* iprSettings, Lighting& lighting);

@@ -1,5 +1,7 @@
 #include "export/linear_light.h"
 
+#include "export/attribute_scope.h"
+
 namespace orv {
 namespace {
 
@@ -9,12 +11,7 @@ void WriteSource(RibWriter& writer, const LightSource& source) {
   WriteLightTransform(writer, source.Light.Length(), kAnyAxis, kAnyAxis, source.Light.Location());
   RibPrintf(writer, "Attribute \"light\" \"nsamples\" [%d]\n", source.ShadowSamples);
   WriteAreaLightSource(writer, "arealight", source);
-  if (source.Shadow > 0) {
-    WriteRaytracedShadow(writer, source);
-    RibPrintf(writer, "\n");
-  } else {
-    RibPrintf(writer, " \"string shadowname\" \"\"\n");
-  }
+  WriteAreaShadow(writer, source);
   WriteLightComponents(writer, source);
 }
 
@@ -29,12 +26,10 @@ void WriteShape(RibWriter& writer) {
 }  // namespace
 
 void WriteLinearLight(RibWriter& writer, const LightSource& source) {
-  RibPrintf(writer, "AttributeBegin\n");
-  writer.Indent += 2;
+  BeginAttributes(writer);
   WriteSource(writer, source);
   WriteShape(writer);
-  writer.Indent -= 2;
-  RibPrintf(writer, "AttributeEnd\n");
+  EndAttributes(writer);
 }
 
 }  // namespace orv

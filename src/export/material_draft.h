@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,6 +30,13 @@ struct MaterialDraft {
     Result.Statements.push_back({kind, std::move(text)});
   }
 };
+
+// Where a shader's texture comes from; nothing when its call doesn't tell. "st" are the coordinates
+// of a mesh.
+std::optional<std::string> ProjectionOf(std::string_view call);
+
+// True for a call of the DarkTree shader `name` that uses the coordinates of a mesh.
+bool IsDarkTreeIn2D(std::string_view call, std::string_view name);
 
 // Adds the statements of the surface shader, and what it means for the rest of the material.
 void AddSurface(MaterialDraft& draft);

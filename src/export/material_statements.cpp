@@ -13,8 +13,6 @@
 namespace orv {
 namespace {
 
-enum DisplacementMode { kNoDisplacement = 0, kRegular = 2, kMesh = 3 };
-
 // How far the shader moves the surface, at most.
 double DisplacementBound(std::string_view displacement) {
   double most = 0;
@@ -30,25 +28,19 @@ void AddBound(MaterialDraft& draft, double bound) {
 
 bool DisplacementNeedsMesh(const MaterialDraft& draft) {
   const std::string& displacement = draft.Attributes.Displacement;
-  std::string projection;
-  if (draft.UsesTexture && GetStringParam(displacement, "Projection", projection) &&
-      projection == "st") {
-    return true;
-  }
-  double use2D = 0;
-  return host::EqualNoCase(ShaderNameOf(displacement), "DarkTreeDisplacement") &&
-         GetFloatParam(displacement, "Use2DCoordinates", use2D) && use2D != 0;
+  const bool isTextured = draft.UsesTexture && ProjectionOf(displacement) == "st";
+  return isTextured || IsDarkTreeIn2D(displacement, "DarkTreeDisplacement");
 }
 
 void AddDisplacement(MaterialDraft& draft) {
   const MaterialAttributes& attributes = draft.Attributes;
   if (attributes.Displacement.empty()) return;
   if (DisplacementNeedsMesh(draft)) draft.Result.WantsRenderMesh = true;
-  const bool isTrue = attributes.DisplacementMode >= kRegular;
+  const bool isTrue = attributes.DisplacementMode >= kRegularDisplacement;
   if (draft.Settings.Displacable && isTrue) {
     draft.Add("Attribute \"render\" \"integer truedisplacement\" [1]\n");
     AddBound(draft, DisplacementBound(attributes.Displacement));
-    if (attributes.DisplacementMode == kMesh) {
+    if (attributes.DisplacementMode == kMeshDisplacement) {
       draft.Add("Attribute \"render\" \"integer meshdisplacement\" [1]\n");
     }
   }
@@ -100,6 +92,18 @@ void AddShadingDetails(MaterialDraft& draft) {
 }
 
 }  // namespace
+
+std::optional<std::string> ProjectionOf(std::string_view call) {
+  std::string projection;
+  if (!GetStringParam(call, "Projection", projection)) return std::nullopt;
+  return projection;
+}
+
+bool IsDarkTreeIn2D(std::string_view call, std::string_view name) {
+  double use2D = 0;
+  return host::EqualNoCase(ShaderNameOf(call), name) &&
+         GetFloatParam(call, "Use2DCoordinates", use2D) && use2D != 0;
+}
 
 MaterialStatements MakeMaterialStatements(const ON_Material& material,
                                           const RenderSettings& settings,

@@ -42,17 +42,16 @@ const MaterialStatements& SceneMaterials::StatementsOf(const CRhinoObject& objec
       .first->second;
 }
 
-void WriteObjectMaterial(RibWriter& writer, const CRhinoObject& object,
-                         const RenderSettings& settings, SceneMaterials& materials,
-                         bool& wantsRenderMesh, bool useObjectNumber) {
-  wantsRenderMesh = !settings.WriteMaterials;
-  if (!settings.WriteMaterials || object.ObjectType() == ON_ObjectType::light) return;
+bool WriteObjectMaterial(RibWriter& writer, const CRhinoObject& object, SceneMaterials& materials,
+                         bool useObjectNumber) {
+  if (!materials.AreWritten()) return true;
+  if (object.ObjectType() == ON_ObjectType::light) return false;
   WriteIdentifier(writer, object, useObjectNumber);
   const MaterialStatements& material = materials.StatementsOf(object);
   for (const MaterialStatement& statement : material.Statements) {
     WriteMaterialStatement(writer, statement);
   }
-  wantsRenderMesh = material.WantsRenderMesh;
+  return material.WantsRenderMesh;
 }
 
 }  // namespace orv

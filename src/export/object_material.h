@@ -17,6 +17,8 @@ class SceneMaterials {
   SceneMaterials(const RenderSettings& settings, TextureConverter& textures)
       : settings_(settings), textures_(textures) {}
 
+  // Whether the settings ask for materials at all.
+  bool AreWritten() const { return settings_.WriteMaterials; }
   const MaterialStatements& StatementsOf(const CRhinoObject& object);
 
  private:
@@ -25,12 +27,10 @@ class SceneMaterials {
   std::unordered_map<const ON_Material*, MaterialStatements> statements_;
 };
 
-// Writes the identifier and the material of an object, where the settings ask for materials.
-// `wantsRenderMesh` becomes true when the object must be written as a render mesh. With
+// Writes the identifier and the material of an object, where the settings ask for materials. With
 // `useObjectNumber` the identifier is the runtime serial number, else the object's name. A light
-// writes nothing.
-void WriteObjectMaterial(RibWriter& writer, const CRhinoObject& object,
-                         const RenderSettings& settings, SceneMaterials& materials,
-                         bool& wantsRenderMesh, bool useObjectNumber);
+// writes nothing. The result is WantsRenderMesh: the object must be written as a render mesh.
+bool WriteObjectMaterial(RibWriter& writer, const CRhinoObject& object, SceneMaterials& materials,
+                         bool useObjectNumber);
 
 }  // namespace orv

@@ -1,6 +1,7 @@
 #include "export/object_walk.h"
 
 #include "export/attribute_block.h"
+#include "export/attribute_scope.h"
 #include "export/mesh_writer.h"
 #include "export/object_material.h"
 #include "host/geometry/on_mesh.h"
@@ -37,20 +38,15 @@ class ObjectWriter {
  private:
   void BeginBlock() {
     RibPrintf(writer_, "\n");
-    RibPrintf(writer_, "AttributeBegin\n");
-    writer_.Indent += 2;
-  }
-  void EndBlock() {
-    writer_.Indent -= 2;
-    RibPrintf(writer_, "AttributeEnd\n");
+    BeginAttributes(writer_);
   }
 
   // What stands in the block before the geometry. True when an archive takes the geometry's place.
   bool WriteLook(const CRhinoObject& object, const ObjectAttributes& attributes) {
     // Maps of a bake pass.
     WriteGroups(writer_, object, doc_);
-    bool wantsRenderMesh = false;
-    WriteObjectMaterial(writer_, object, settings_, materials_, wantsRenderMesh, useObjectNumbers_);
+    // Whether a surface must be a render mesh doesn't matter yet.
+    static_cast<void>(WriteObjectMaterial(writer_, object, materials_, useObjectNumbers_));
     return WriteAttributeBlock(writer_, object, attributes, settings_);
   }
 
@@ -59,11 +55,9 @@ class ObjectWriter {
     if (settings_.Outline && settings_.ToonId == kToonIdPerObject) {
       RibPrintf(writer_, "Attribute \"toon\" \"id\" [%d]\n", nextToonId_++);
     }
-    const bool isReplaced = WriteLook(object, ReadObjectAttributes(object));
-    if (!isReplaced) {
-      // Render meshes or NURBS.
-    }
-    EndBlock();
+    // Render meshes or NURBS follow, unless an archive has taken their place.
+    static_cast<void>(WriteLook(object, ReadObjectAttributes(object)));
+    EndAttributes(writer_);
     return true;
   }
 
@@ -75,7 +69,7 @@ class ObjectWriter {
         !WriteMesh(writer_, mesh, attributes.WeldPolyVerts, attributes.SubdivisionMesh)) {
       return false;
     }
-    EndBlock();
+    EndAttributes(writer_);
     return true;
   }
 

@@ -5,17 +5,29 @@
 
 #include "export/rib_color.h"
 #include "export/rib_text.h"
-#include "shading/object_attributes.h"
+#include "host/system/text.h"
+#include "shading/attribute_text.h"
 
 namespace orv {
 namespace {
+
+// The object's own width, as ObjectAttributes has it; 0 when it has none. Only this much is read of
+// each object, as there may be many.
+double LineWidth(const ON_3dmObjectAttributes& attributes) {
+  const auto use = attributes.GetUserString("OrvUseLineWidth");
+  if (!use || host::EqualNoCase(*use, "no")) return 0;
+  double width = 0;
+  if (const auto text = attributes.GetUserString("OrvLineWidth")) {
+    ReadAttributeText(*text, {.Bounds = {0, 100}}, width);
+  }
+  return width;
+}
 
 // Never below 1, which is the ink width of the scene itself.
 double WidestLine(const ObjectList& objects) {
   double widest = 1;
   for (const CRhinoObject* object : objects) {
-    const ObjectAttributes attributes = ReadObjectAttributes(*object);
-    if (attributes.UseLineWidth) widest = std::max(widest, attributes.LineWidth);
+    widest = std::max(widest, LineWidth(object->Attributes()));
   }
   return widest;
 }

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string>
 
+#include "export/attribute_scope.h"
 #include "export/rib_text.h"
 #include "host/system/path.h"
 #include "host/system/text.h"
@@ -21,7 +22,7 @@ bool HasTexture(const LightAttributes& attributes) {
   return attributes.UseTexture && !attributes.Texture.empty();
 }
 
-// A session does without textures, also those of measured lamps, which it shows all the same.
+// A session does without textures. Measured lamps, whose files it takes, are told apart before.
 bool IsTextured(const LightSource& source) {
   return !source.IsInteractive && HasTexture(source.Attributes);
 }
@@ -32,7 +33,7 @@ bool IsPhotometric(const LightAttributes& attributes) {
          host::EqualNoCase(host::SplitPath(attributes.Texture).Extension, ".ies");
 }
 
-// An archive has only normal lights. Others that are not textured are fast in a session.
+// A light with an archive counts as normal. In a session all other normal ones are fast.
 AreaKind KindOf(const LightSource& source) {
   const LightAttributes& attributes = source.Attributes;
   if (IsPhotometric(attributes)) return AreaKind::photometric;
@@ -109,12 +110,8 @@ void WriteSource(RibWriter& writer, const LightSource& source, AreaKind kind) {
 }
 
 void WriteShadow(RibWriter& writer, const LightSource& source, AreaKind kind) {
-  if (source.Shadow <= 0) {
-    RibPrintf(writer, " \"string shadowname\" \"\"\n");
-    return;
-  }
-  WriteRaytracedShadow(writer, source);
-  RibPrintf(writer, "\n");
+  WriteAreaShadow(writer, source);
+  if (source.Shadow <= 0) return;
   if (kind == AreaKind::photometric) {
     WriteShadowSampling(writer, source);
   } else if (kind == AreaKind::fast) {
@@ -164,14 +161,12 @@ void WriteShape(RibWriter& writer, const LightSource& source) {
 
 void WriteRectangularLight(RibWriter& writer, const LightSource& source) {
   const AreaKind kind = KindOf(source);
-  RibPrintf(writer, "AttributeBegin\n");
-  writer.Indent += 2;
+  BeginAttributes(writer);
   WriteSource(writer, source, kind);
   WriteShadow(writer, source, kind);
   WriteLightComponents(writer, source);
   if (kind != AreaKind::photometric) WriteShape(writer, source);
-  writer.Indent -= 2;
-  RibPrintf(writer, "AttributeEnd\n");
+  EndAttributes(writer);
 }
 
 }  // namespace orv

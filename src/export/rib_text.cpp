@@ -13,19 +13,15 @@ float GammaAdjusted(double fraction, double gamma) {
   return value > 0 && value < 1 ? static_cast<float>(std::pow(value, gamma)) : value;
 }
 
-bool IsControl(char c) {
-  return (c >= 0 && c < ' ') || c == '\x7f';
-}
-
 bool NeedsEscapes(std::string_view text) {
-  const auto isUnsafe = [](char c) { return c == '"' || IsControl(c); };
+  const auto isUnsafe = [](char c) { return c == '"' || host::IsControl(c); };
   return text.ends_with('\\') || std::any_of(text.begin(), text.end(), isUnsafe);
 }
 
 // A control character has three octal digits, which every reader of RIB knows.
 std::string Escaped(char c) {
   if (c == '"' || c == '\\') return {'\\', c};
-  if (!IsControl(c)) return {c};
+  if (!host::IsControl(c)) return {c};
   const auto digit = [c](int shift) { return static_cast<char>('0' + ((c >> shift) & 7)); };
   return {'\\', digit(6), digit(3), digit(0)};
 }

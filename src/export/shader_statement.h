@@ -6,9 +6,11 @@
 
 namespace orv {
 
-// Writes `keyword` ("Surface", "Displacement", "Instancer") and a shader call as it stands. A call
-// that is too long for a line is written parameter by parameter, and a parameter that is too long
-// itself is left out.
+// Writes `keyword` ("Surface", "Displacement", "Instancer") and a shader call.
+//
+// The call goes out as it stands when a line can hold it and RIB can read it. Else it is written
+// parameter by parameter, as the call's own rules read it: what isn't closed is closed, and what
+// would end a string early is escaped. A parameter that is too long for a line is left out.
 void WriteShaderStatement(RibWriter& writer, const char* keyword, std::string_view call);
 
 }  // namespace orv

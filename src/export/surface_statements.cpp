@@ -2,15 +2,13 @@
 #include <array>
 #include <string_view>
 
+#include "export/caustic_light.h"
 #include "export/material_draft.h"
 #include "host/system/text.h"
 #include "shading/shader_call.h"
 
 namespace orv {
 namespace {
-
-// The light number of caustics.
-constexpr int kCausticLight = 999;
 
 // What the export knows of a shader of the renderer.
 struct ShaderTraits {
@@ -19,7 +17,8 @@ struct ShaderTraits {
   bool HitModeShader = false;
   // It takes no part in the prepass of indirect light.
   bool WithoutPrepass = false;
-  bool Reflective = false;
+  // It reflects indirect light, and mirrors in the material's colour.
+  bool Metal = false;
   // Caustic light doesn't light it.
   bool WithoutCaustics = false;
   // It is textured by itself, without an image.
@@ -32,10 +31,10 @@ struct ShaderTraits {
 
 constexpr std::array<ShaderTraits, 14> kShaders{{
     {.Name = "VBrick2D", .Textured = true},
-    {.Name = "VBrushedMetal", .WithoutPrepass = true, .Reflective = true, .WithoutCaustics = true},
+    {.Name = "VBrushedMetal", .WithoutPrepass = true, .Metal = true, .WithoutCaustics = true},
     {.Name = "VGlass", .HitModeShader = true, .WithoutPrepass = true, .WithoutCaustics = true},
     {.Name = "VGrid2D", .Textured = true},
-    {.Name = "VMetal", .WithoutPrepass = true, .Reflective = true, .WithoutCaustics = true},
+    {.Name = "VMetal", .WithoutPrepass = true, .Metal = true, .WithoutCaustics = true},
     {.Name = "VPlanks", .Textured = true},
     {.Name = "VScreen", .HitModeShader = true, .Textured = true},
     {.Name = "VShinyTile2D", .Textured = true},
@@ -66,14 +65,8 @@ void ReduceSamples(std::string& surface) {
 bool NeedsTextureCoordinates(const MaterialDraft& draft, const ShaderTraits& shader) {
   const std::string& surface = draft.Attributes.Surface;
   if (shader.NeedsMesh) return true;
-  std::string projection;
-  if (draft.UsesTexture &&
-      (!GetStringParam(surface, "Projection", projection) || projection == "st")) {
-    return true;
-  }
-  double use2D = 0;
-  return host::EqualNoCase(ShaderNameOf(surface), "DarkTreeSurface") &&
-         GetFloatParam(surface, "Use2DCoordinates", use2D) && use2D != 0;
+  const bool isTextured = draft.UsesTexture && ProjectionOf(surface).value_or("st") == "st";
+  return isTextured || IsDarkTreeIn2D(surface, "DarkTreeSurface");
 }
 
 }  // namespace
@@ -89,12 +82,12 @@ void AddSurface(MaterialDraft& draft) {
   const ShaderTraits shader = TraitsOf(ShaderNameOf(surface));
   draft.HitModeShader = draft.HitModeShader || shader.HitModeShader;
   draft.Prepass = !shader.WithoutPrepass;
-  draft.Reflective = shader.Reflective;
+  draft.Reflective = shader.Metal;
   draft.UsesTexture = draft.UsesTexture || shader.Textured;
   wantsMesh = wantsMesh || NeedsTextureCoordinates(draft, shader);
   if (shader.NeedsPointSet) draft.Add(MaterialStatementKind::PointSetHandle, {});
   draft.Add(MaterialStatementKind::Surface, surface);
-  if (draft.Settings.CausticPhotonPass) AddCaustics(draft, shader.Reflective);
+  if (draft.Settings.CausticPhotonPass) AddCaustics(draft, shader.Metal);
   if (shader.WithoutCaustics) draft.Add(host::Format("Illuminate %d 0\n", kCausticLight));
 }
 

@@ -4,6 +4,7 @@
 
 #include "host/system/file.h"
 #include "host/system/text.h"
+#include "settings/text_line.h"
 
 namespace orv {
 namespace {
@@ -11,18 +12,7 @@ namespace {
 constexpr std::uint64_t kLargestFile = 16 << 20;
 // Far more than there are settings.
 constexpr std::size_t kMostKeys = 4096;
-constexpr std::size_t kLongestLine = 1999;
 constexpr std::size_t kShortestKey = 2;
-
-// Takes the next line, with its line end, off the start of `text`. A line that is too long is cut
-// between two characters.
-std::string_view TakeLine(std::string_view& text) {
-  std::string_view line = host::FirstBytes(text, kLongestLine);
-  const std::size_t end = line.find('\n');
-  if (end != std::string_view::npos) line = line.substr(0, end + 1);
-  text.remove_prefix(line.size());
-  return line.substr(0, line.find('\0'));
-}
 
 // Where the setting with a key stands in a list, by the key's folded form.
 using Places = std::unordered_map<std::string, std::size_t>;
@@ -47,7 +37,7 @@ std::optional<ON_UserStringList> SettingsFromText(std::string_view text) {
   ON_UserStringList list;
   Places places;
   while (!text.empty()) {
-    TakeSetting(TakeLine(text), list, places);
+    TakeSetting(TakeTextLine(text), list, places);
     if (list.m_e.size() > kMostKeys) return std::nullopt;
   }
   return list;

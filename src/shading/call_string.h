@@ -18,4 +18,11 @@ std::string EncodeCallString(std::string_view name);
 // decoded; any other is a name as a user has typed it ("C:\maps\012.jpg") and stays.
 std::string DecodeCallString(std::string_view text);
 
+// The same for a name in the quotes of a material file, where only a quote ends it: "]" stays, and
+// each name comes back from DecodeQuotedName as it was. Where the result has an escape, or would be
+// read as if it had one, or would end in a backslash, the name's own backslashes are escapes, too
+// ("\134").
+std::string EncodeQuotedName(std::string_view name);
+std::string DecodeQuotedName(std::string_view text);
+
 }  // namespace orv

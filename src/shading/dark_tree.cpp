@@ -3,17 +3,17 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "host/system/file.h"
-#include "host/system/number_text.h"
 #include "host/system/text.h"
 #include "settings/number_list.h"
-#include "settings/setting_text.h"
+#include "settings/text_line.h"
 #include "shading/foreign_text.h"
 #include "shading/shader_call.h"
 #include "shading/shader_param.h"
-#include "shading/text_line.h"
 
 namespace orv {
 namespace {
@@ -21,10 +21,6 @@ namespace {
 constexpr std::uint64_t kLargestFile = 16 << 20;
 constexpr SettingBounds kChannelBounds{0, 255};
 constexpr SettingBounds kFloatBounds{-1e9, 1e9};
-
-bool Contains(std::string_view text, std::string_view part) {
-  return text.find(part) != std::string_view::npos;
-}
 
 // What stands behind the first colon and one more character; nothing without a colon.
 std::optional<std::string_view> BehindColon(std::string_view line) {
@@ -34,10 +30,7 @@ std::optional<std::string_view> BehindColon(std::string_view line) {
 }
 
 std::string_view UpToControlCharacter(std::string_view text) {
-  const auto end = std::find_if(text.begin(), text.end(), [](char letter) {
-    const auto byte = static_cast<unsigned char>(letter);
-    return byte < 0x20 || byte == 0x7F;
-  });
+  const auto end = std::find_if(text.begin(), text.end(), host::IsControl);
   return text.substr(0, static_cast<std::size_t>(end - text.begin()));
 }
 
@@ -54,13 +47,10 @@ ON_Color ColorOf(std::string_view text) {
 // caption and its value.
 class TweakReader {
  public:
-  explicit TweakReader(std::string& callText) : callText_(callText) {}
-
-  // False when there are as many tweaks as there may be.
-  bool TakeLine(std::string_view line) {
+  void TakeLine(std::string_view line) {
     std::size_t position = 0;
     std::string_view first;
-    if (!NextToken(line, position, first) || !host::EqualNoCase(first, "Tweak")) return true;
+    if (!NextToken(line, position, first) || !host::EqualNoCase(first, "Tweak")) return;
     switch (next_) {
       case Line::Kind:
         TakeKind(line);
@@ -73,48 +63,55 @@ class TweakReader {
         next_ = Line::Kind;
         break;
     }
-    return std::max(colorNumber_, floatNumber_) <= kMaxShaderParams;
   }
+
+  // True when there are as many tweaks of either kind as there may be.
+  [[nodiscard]] bool IsFull() const {
+    return std::min(colorCount_, floatCount_) == kMaxShaderParams;
+  }
+
+  // The captions and values of the tweaks.
+  [[nodiscard]] std::span<const ParamValue> Values() const { return values_; }
 
  private:
   enum class Line { Kind, Caption, Value };
 
   void TakeKind(std::string_view line) {
-    isColor_ = Contains(line, "IF_COLOR");
-    isFloat_ =
-        Contains(line, "IF_PERCENT") || Contains(line, "IF_INT") || Contains(line, "IF_BUMP");
+    isColor_ = host::Contains(line, "IF_COLOR");
+    isFloat_ = host::Contains(line, "IF_PERCENT") || host::Contains(line, "IF_INT") ||
+               host::Contains(line, "IF_BUMP");
     next_ = Line::Caption;
   }
 
   void TakeCaption(std::string_view line) {
     const auto text = BehindColon(line);
     if (!text) return;
-    caption_ = CallTextFromBytes(UpToControlCharacter(*text));
+    caption_ = CallTextOf(TextFromBytes(UpToControlCharacter(*text)));
     next_ = Line::Value;
   }
 
   // A tweak that the call has no parameters for counts as well.
   void TakeValue(std::string_view text) {
-    if (isColor_) {
-      const std::string name = "ColorTweak" + std::to_string(colorNumber_++);
-      SetStringParam(callText_, name + "Name", caption_);
-      SetColorParam(callText_, name, ColorOf(text));
+    if (isColor_ && colorCount_ < kMaxShaderParams) {
+      const std::string name = "ColorTweak" + std::to_string(++colorCount_);
+      values_.push_back(StringValue(name + "Name", caption_));
+      values_.push_back(ColorValue(name, ColorOf(text)));
     }
-    const std::optional<double> number = host::ParseRealInRange(text);
-    if (isFloat_ && number) {
-      const std::string name = "FloatTweak" + std::to_string(floatNumber_++);
-      SetStringParam(callText_, name + "Name", caption_);
-      SetFloatParam(callText_, name, kFloatBounds.Hold(*number));
+    const std::optional<double> number = ParseNumber(text, kFloatBounds);
+    if (isFloat_ && number && floatCount_ < kMaxShaderParams) {
+      const std::string name = "FloatTweak" + std::to_string(++floatCount_);
+      values_.push_back(StringValue(name + "Name", caption_));
+      values_.push_back(FloatValue(name, *number));
     }
   }
 
-  std::string& callText_;
   Line next_ = Line::Kind;
   bool isColor_ = false;
   bool isFloat_ = false;
   std::string caption_;
-  std::size_t colorNumber_ = 1;
-  std::size_t floatNumber_ = 1;
+  std::size_t colorCount_ = 0;
+  std::size_t floatCount_ = 0;
+  std::vector<ParamValue> values_;
 };
 
 }  // namespace
@@ -125,9 +122,9 @@ void RefreshDarkTreeTweaks(std::string& callText) {
   const std::optional<std::string> content = host::ReadWholeFile(path, kLargestFile);
   if (!content) return;
   std::string_view rest = *content;
-  TweakReader reader(callText);
-  while (!rest.empty() && reader.TakeLine(TakeTextLine(rest))) {
-  }
+  TweakReader reader;
+  while (!rest.empty() && !reader.IsFull()) reader.TakeLine(TakeTextLine(rest));
+  SetParams(callText, reader.Values());
 }
 
 }  // namespace orv

@@ -86,7 +86,7 @@ LightAttributes ReadLightAttributes(const ON_Light* light) {
   return attributes;
 }
 
-bool WriteLightChange(CRhinoDoc& doc, CRhinoObject& light, LightField field,
+bool WriteLightChange(CRhinoDoc& doc, const CRhinoObject& light, LightField field,
                       const LightAttributes& attributes) {
   const ON_Light* present = ON_Light::Cast(light.Geometry());
   if (present == nullptr) return false;

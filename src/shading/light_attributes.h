@@ -72,7 +72,7 @@ enum class LightField {
 LightAttributes ReadLightAttributes(const ON_Light* light);
 
 // Stores one field in a light of the document. False for an object that is no light.
-[[nodiscard]] bool WriteLightChange(CRhinoDoc& doc, CRhinoObject& light, LightField field,
+[[nodiscard]] bool WriteLightChange(CRhinoDoc& doc, const CRhinoObject& light, LightField field,
                                     const LightAttributes& attributes);
 
 }  // namespace orv

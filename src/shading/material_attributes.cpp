@@ -1,6 +1,8 @@
 #include "shading/material_attributes.h"
 
-#include "host/document/app.h"
+#include <cmath>
+
+#include "host/document/doc.h"
 #include "host/document/object.h"
 #include "host/geometry/on_tables.h"
 #include "shading/attribute_tables.h"
@@ -44,19 +46,37 @@ const ON_Texture* UsedTexture(const ON_Material& material, ON_Texture::Type type
   return texture.m_bOn && !texture.m_image_file.empty() ? &texture : nullptr;
 }
 
+double FiniteOr(double value, double otherwise) {
+  return std::isfinite(value) ? value : otherwise;
+}
+
+// The size of a tile of which there are `count`; 1 for a count that gives no size.
+double TileSize(double count) {
+  return count > 0 && std::isfinite(count) ? FiniteOr(1 / count, 1) : 1;
+}
+
 // The renderer counts y downwards from the upper edge, the host upwards from the lower one.
 void ReadTiling(const ON_Texture& texture, std::array<double, 2>& size,
                 std::array<double, 2>& origin) {
   double count = 1;
   double offset = 0;
   if (texture.IsTiled(0, &count, &offset)) {
-    if (count > 0) size[0] = 1 / count;
-    origin[0] = -(offset * size[0]);
+    size[0] = TileSize(count);
+    origin[0] = FiniteOr(-(offset * size[0]), 0);
   }
   if (texture.IsTiled(1, &count, &offset)) {
-    if (count > 0) size[1] = 1 / count;
-    origin[1] = size[1] * offset + (1 - size[1]);
+    size[1] = TileSize(count);
+    origin[1] = FiniteOr(size[1] * offset + (1 - size[1]), 0);
   }
+}
+
+// Leaves the defaults of a material that doesn't shine.
+void ReadShine(const ON_Material& material, MaterialAttributes& attributes) {
+  const double shine = material.Shine();
+  if (!(shine > 0)) return;
+  const double roughness = 22 / (shine * 255 / ON_Material::MaxShine);
+  if (roughness > 0 && std::isfinite(roughness)) attributes.SpecularRoughness = roughness;
+  attributes.Specular = material.m_specular;
 }
 
 void ReadTextures(const ON_Material& material, MaterialAttributes& attributes) {
@@ -72,27 +92,9 @@ void ReadTextures(const ON_Material& material, MaterialAttributes& attributes) {
   }
   if (const auto* map = UsedTexture(material, ON_Texture::Type::bump)) {
     attributes.BumpMap = map->m_image_file;
-    attributes.BumpHeight = map->m_bump_scale[1];
+    attributes.BumpHeight = FiniteOr(map->m_bump_scale[1], attributes.BumpHeight);
     ReadTiling(*map, attributes.BumpSize, attributes.BumpOrigin);
   }
-}
-
-// Gives the object's layer a material of its own. The material's index; -1 when there is no layer.
-int MakeLayerMaterial(CRhinoDoc& doc, const CRhinoObject& object) {
-  const int layerIndex = object.Attributes().m_layer_index;
-  const ON_Layer* present = doc.m_layer_table.At(layerIndex);
-  if (present == nullptr) return -1;
-  ON_Layer layer = *present;
-  const int index = doc.m_material_table.AddMaterial(RhinoApp().AppSettings().DefaultMaterial());
-  layer.SetRenderMaterialIndex(index);
-  return doc.m_layer_table.ModifyLayer(layer, layerIndex) ? index : -1;
-}
-
-// The index of the object's material; -1 when it has none.
-int MaterialIndexToWrite(CRhinoDoc& doc, const CRhinoObject& object) {
-  const int index = object.ObjectMaterial().MaterialIndex();
-  const bool fromLayer = object.Attributes().MaterialSource() == ON_AttributeSource::layer;
-  return index < 0 && fromLayer ? MakeLayerMaterial(doc, object) : index;
 }
 
 // True when anything was stored.
@@ -127,10 +129,7 @@ MaterialAttributes ReadMaterialAttributes(const ON_Material& material) {
   attributes.Diffuse = material.m_diffuse;
   attributes.Name = material.m_name;
   attributes.Transparency = material.Transparency();
-  if (material.Shine() > 0) {
-    attributes.SpecularRoughness = 22 / (material.Shine() * 255 / ON_Material::MaxShine);
-    attributes.Specular = material.m_specular;
-  }
+  ReadShine(material, attributes);
   ReadTextures(material, attributes);
   return attributes;
 }
@@ -139,10 +138,10 @@ MaterialAttributes ReadMaterialAttributes(const CRhinoObject& object) {
   return ReadMaterialAttributes(object.ObjectMaterial());
 }
 
-bool WriteMaterialAttributes(CRhinoDoc& doc, CRhinoObject& object,
+bool WriteMaterialAttributes(CRhinoDoc& doc, const CRhinoObject& object,
                              const MaterialAttributes& attributes) {
   if (object.ObjectType() == ON_ObjectType::light) return false;
-  const int index = MaterialIndexToWrite(doc, object);
+  const int index = doc.MaterialToEdit(object);
   const ON_Material* present = doc.m_material_table.At(index);
   if (present == nullptr) return false;
   ON_Material material = *present;

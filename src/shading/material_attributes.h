@@ -15,8 +15,20 @@ namespace orv {
 // In the place of a shader call: the material's shader is made of the host's material.
 inline constexpr std::string_view kHostShader = "\"Rhino\"";
 
+// How a displacement shader is rendered: not at all, as bumps, by moving the surface, by moving a
+// mesh.
+enum : int {
+  kNoDisplacement = 0,
+  kBumpDisplacement = 1,
+  kRegularDisplacement = 2,
+  kMeshDisplacement = 3,
+};
+
 // What the renderer needs to know of a material: shader calls and values kept as user strings, and
 // the host's own fields. A fresh record has the defaults.
+//
+// Of the host's shine, bump strength and tiling, a number that RIB has no way to write (one that is
+// infinite or none) leaves the default.
 struct MaterialAttributes {
   // What WriteMaterialAttributes stores, and two of the values.
   bool ColorChanged = false;
@@ -61,8 +73,8 @@ struct MaterialAttributes {
   double InstancerBound = 1;
   // 1 to 32; the shading rate is its reciprocal.
   int ShadingSamples = 1;
-  // 0 off, 1 bump, 2 regular, 3 mesh.
-  int DisplacementMode = 1;
+  // One of the modes above.
+  int DisplacementMode = kBumpDisplacement;
   double SpecularRoughness = 0.1;
   // The strength of the host's bump texture.
   double BumpHeight = 0;
@@ -79,7 +91,7 @@ MaterialAttributes ReadMaterialAttributes(const CRhinoObject& object);
 
 // Stores in the object's material what the change marks name. An object that takes its material
 // from its layer, which has none, gets one made for the layer. False when there is no material.
-[[nodiscard]] bool WriteMaterialAttributes(CRhinoDoc& doc, CRhinoObject& object,
+[[nodiscard]] bool WriteMaterialAttributes(CRhinoDoc& doc, const CRhinoObject& object,
                                            const MaterialAttributes& attributes);
 
 }  // namespace orv

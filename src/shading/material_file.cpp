@@ -6,6 +6,8 @@
 #include "host/system/number_text.h"
 #include "host/system/path.h"
 #include "host/system/text.h"
+#include "settings/text_line.h"
+#include "shading/call_string.h"
 #include "shading/gamma.h"
 #include "shading/material_file_text.h"
 
@@ -14,6 +16,7 @@ namespace {
 
 constexpr std::size_t kLongestName = 512;
 constexpr std::size_t kLongestParam = 1000;
+constexpr std::size_t kQuotes = 2;
 
 std::string Numbers(const std::array<double, 3>& numbers) {
   return '[' + host::FormatG(numbers[0]) + ' ' + host::FormatG(numbers[1]) + ' ' +
@@ -31,17 +34,30 @@ std::string OpacityStatement(double transparency) {
   return "Opacity " + Numbers({opacity, opacity, opacity});
 }
 
+// A line that has begun, with a name in quotes for which there is no more room than in a line.
+std::string LineWithName(std::string line, std::string_view name) {
+  line += Quoted(name, kLongestTextLine - line.size());
+  return line;
+}
+
+// A parameter's line. The value is cut where both together would be longer than a line.
+std::string ParameterLine(std::string_view declaration, std::string_view value) {
+  const std::string name = DecodeQuotedName(host::FirstBytes(declaration, kLongestParam));
+  std::string line = "  " + Quoted(name, kLongestParam + kQuotes) + ' ';
+  line += Bracketed(host::FirstBytes(value, kLongestParam), kLongestTextLine - line.size());
+  return line + '\n';
+}
+
 // The shader with a line for each parameter; empty when the call names no shader.
 std::string ShaderStatement(std::string_view keyword, std::string_view call) {
   TokenReader tokens(call);
   const auto shader = tokens.Next();
   if (!shader) return {};
-  std::string text = std::string(keyword) + ' ' + Quoted(*shader) + '\n';
+  std::string text = LineWithName(std::string(keyword) + ' ', DecodeQuotedName(*shader)) + '\n';
   while (const auto declaration = tokens.Next()) {
     const auto value = tokens.Next();
     if (!value) break;
-    text += "  " + Quoted(host::FirstBytes(*declaration, kLongestParam)) + ' ' +
-            Bracketed(host::FirstBytes(*value, kLongestParam)) + '\n';
+    text += ParameterLine(*declaration, *value);
   }
   return text;
 }
@@ -72,8 +88,9 @@ bool WriteMaterialFile(host::FileWriter& file, std::string_view path, double gam
 std::string TextFromMaterial(std::string_view path, double gamma,
                              const MaterialAttributes& attributes) {
   const std::string name = attributes.Name.empty() ? host::SplitPath(path).Base : attributes.Name;
-  std::string text = "Attribute \"identifier\" \"shadinggroup\" ";
-  text += Quoted(host::FirstBytes(name, kLongestName)) + '\n';
+  std::string text = LineWithName("Attribute \"identifier\" \"shadinggroup\" ",
+                                  host::FirstBytes(name, kLongestName)) +
+                     '\n';
   text += ColorStatement(attributes.Diffuse, gamma);
   text += OpacityStatement(attributes.Transparency);
   if (attributes.ShadingSamples > 1) {

@@ -21,11 +21,11 @@ bool WriteMaterialFile(host::FileWriter& file, std::string_view path, double gam
 [[nodiscard]] bool ReadMaterialFile(std::string_view path, double gamma,
                                     MaterialAttributes& attributes);
 
-// What WriteMaterialFile writes. Names are cut at 512 bytes, declarations and values at 1,000,
-// between two characters. A reader knows no escapes, so what would end a text early is replaced: in
-// a quoted text, a double quote by an apostrophe and a backslash at its end by a slash; in
-// brackets, "]" is left out, and a quote that is left open is closed. A control character becomes a
-// blank.
+// What WriteMaterialFile writes. Names are cut at 512 bytes, declarations and values at 1,000, and
+// what is still longer than a line for the reader at the end of that line, always between two
+// characters. Names and declarations have the escapes of EncodeQuotedName. In brackets, where the
+// reader knows no escapes, "]" is left out, a control character becomes a blank, and a string that
+// is left open is closed.
 std::string TextFromMaterial(std::string_view path, double gamma,
                              const MaterialAttributes& attributes);
 

@@ -1,14 +1,14 @@
 #include <algorithm>
 #include <array>
 
-#include "host/system/number_text.h"
 #include "host/system/text.h"
 #include "settings/number_list.h"
 #include "settings/setting_text.h"
+#include "settings/text_line.h"
+#include "shading/call_string.h"
 #include "shading/gamma.h"
 #include "shading/material_file.h"
 #include "shading/material_file_text.h"
-#include "shading/text_line.h"
 
 namespace orv {
 namespace {
@@ -74,7 +74,7 @@ void MaterialReader::TakeParameter(TokenReader tokens) {
   const auto declaration = tokens.Next();
   const auto value = tokens.Next();
   if (call_ == nullptr || !declaration || !value) return;
-  material_.*call_ += ' ' + Quoted(*declaration) + ' ' + Bracketed(*value);
+  material_.*call_ += ' ' + Quoted(DecodeQuotedName(*declaration)) + ' ' + Bracketed(*value);
 }
 
 // Any statement ends the parameters of a surface or displacement, but not those of an instancer.
@@ -91,7 +91,7 @@ void MaterialReader::BeginCall(std::string MaterialAttributes::*call, TokenReade
   const auto shader = tokens.Next();
   if (!shader) return;
   call_ = call;
-  material_.*call_ = Quoted(*shader);
+  material_.*call_ = Quoted(DecodeQuotedName(*shader));
 }
 
 void MaterialReader::TakeColor(TokenReader& tokens) {
@@ -115,8 +115,8 @@ void MaterialReader::TakeOpacity(TokenReader& tokens) {
 void MaterialReader::TakeShadingRate(TokenReader& tokens) {
   constexpr SettingBounds kBounds{0.01, 100};
   const auto token = tokens.Next();
-  const auto rate = token ? host::ParseRealInRange(*token) : std::nullopt;
-  if (rate) material_.ShadingSamples = static_cast<int>(1 / kBounds.Hold(*rate));
+  const auto rate = token ? ParseNumber(*token, kBounds) : std::nullopt;
+  if (rate) material_.ShadingSamples = static_cast<int>(1 / *rate);
 }
 
 void MaterialReader::TakeAttribute(TokenReader& tokens) {
@@ -129,7 +129,7 @@ void MaterialReader::TakeAttribute(TokenReader& tokens) {
   if (*category == "render") {
     TakeRenderAttribute(*name);
   } else if (*category == "identifier" && contains("shadinggroup")) {
-    if (const auto group = tokens.Next()) material_.Name = *group;
+    if (const auto group = tokens.Next()) material_.Name = DecodeQuotedName(*group);
   } else if (*category == "shade" && contains("transmissionhitmode")) {
     if (tokens.Next() == "shader") material_.ComplexShadow = true;
   }
@@ -138,8 +138,9 @@ void MaterialReader::TakeAttribute(TokenReader& tokens) {
 // What is written for the mesh mode has its type in front of the name, so it reads as regular.
 void MaterialReader::TakeRenderAttribute(std::string_view name) {
   int& mode = material_.DisplacementMode;
-  if (name.find("truedisplacement") != std::string_view::npos && mode != kMeshDisplacement)
+  if (name.find("truedisplacement") != std::string_view::npos && mode != kMeshDisplacement) {
     mode = kRegularDisplacement;
+  }
   if (host::EqualNoCase(name, "meshdisplacement")) mode = kMeshDisplacement;
 }
 

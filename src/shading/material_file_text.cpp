@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "host/system/text.h"
+#include "shading/call_string.h"
 #include "shading/shader_call.h"
 
 namespace orv {
@@ -9,8 +11,7 @@ namespace {
 
 std::string WithoutControls(std::string_view text) {
   std::string result(text);
-  const auto isControl = [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; };
-  std::replace_if(result.begin(), result.end(), isControl, ' ');
+  std::replace_if(result.begin(), result.end(), host::IsControl, ' ');
   return result;
 }
 
@@ -27,6 +28,16 @@ void CloseString(std::string& value) {
   if (isOpen) value += '"';
 }
 
+// At most `room` bytes of the value, the end of its string included.
+std::string Closed(std::string_view value, std::size_t room) {
+  std::string inside(host::FirstBytes(value, room));
+  CloseString(inside);
+  if (inside.size() <= room) return inside;
+  inside = host::FirstBytes(value, room - 1);
+  CloseString(inside);
+  return inside;
+}
+
 }  // namespace
 
 std::optional<std::string_view> TokenReader::Next() {
@@ -34,18 +45,23 @@ std::optional<std::string_view> TokenReader::Next() {
   return NextToken(text_, position_, token) ? std::optional(token) : std::nullopt;
 }
 
-std::string Quoted(std::string_view text) {
-  std::string inside = WithoutControls(text);
-  std::replace(inside.begin(), inside.end(), '"', '\'');
-  if (inside.ends_with('\\')) inside.back() = '/';
+std::string Quoted(std::string_view name, std::size_t room) {
+  constexpr std::size_t kMostBytesOfACharacter = 4;
+  name = host::FirstBytes(name, room);
+  std::string inside = EncodeQuotedName(name);
+  while (inside.size() + 2 > room && !name.empty()) {
+    // No more than what has to go.
+    const std::size_t excess = inside.size() + 2 - room;
+    name = host::FirstBytes(name, name.size() - 1 - (excess - 1) / kMostBytesOfACharacter);
+    inside = EncodeQuotedName(name);
+  }
   return '"' + inside + '"';
 }
 
-std::string Bracketed(std::string_view text) {
-  std::string inside = WithoutControls(text);
+std::string Bracketed(std::string_view value, std::size_t room) {
+  std::string inside = WithoutControls(value);
   std::erase(inside, ']');
-  CloseString(inside);
-  return '[' + inside + ']';
+  return '[' + Closed(inside, room - 2) + ']';
 }
 
 }  // namespace orv

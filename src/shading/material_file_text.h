@@ -7,10 +7,6 @@
 // The pieces of which the lines of a material file are made.
 namespace orv {
 
-// The displacement modes that a file tells.
-inline constexpr int kRegularDisplacement = 2;
-inline constexpr int kMeshDisplacement = 3;
-
 // The tokens of a text, one after the other, as NextToken reads them.
 class TokenReader {
  public:
@@ -23,11 +19,13 @@ class TokenReader {
   std::size_t position_ = 0;
 };
 
-// A text in quotes, and one in brackets. A reader knows no escapes, so what would end either too
-// early is replaced: in quotes, a double quote by an apostrophe and a backslash at the end by a
-// slash; in brackets, "]" is left out, and a quote that is left open is closed. A control character
-// becomes a blank.
-std::string Quoted(std::string_view text);
-std::string Bracketed(std::string_view text);
+// A name in quotes, with the escapes of EncodeQuotedName. One that would have more than `room`
+// bytes with the quotes, at least two, is cut at a whole character.
+std::string Quoted(std::string_view name, std::size_t room = std::string_view::npos);
+
+// A value in brackets, which nothing in it ends too early: "]" is left out, a control character
+// becomes a blank, and a string that is left open is closed. One that would have more than `room`
+// bytes with the brackets, at least four, is cut at a whole character.
+std::string Bracketed(std::string_view value, std::size_t room = std::string_view::npos);
 
 }  // namespace orv

@@ -44,7 +44,7 @@ struct ObjectAttributes {
   bool UseFlatness = false;
   // Back faces are drawn.
   bool BackFace = true;
-  // Curves get the material's shader.
+  // Curves and points get the material's shader.
   bool ShadeCurves = false;
   // Vertices of a mesh at the same place become one.
   bool WeldPolyVerts = false;
@@ -74,7 +74,7 @@ ObjectAttributes ReadObjectAttributes(const CRhinoObject& object);
 
 // Stores what the change marks name, and tells the document that the attributes have changed even
 // when there is no mark. False for a light, which has no such attributes.
-bool WriteObjectAttributes(CRhinoDoc& doc, CRhinoObject& object,
-                           const ObjectAttributes& attributes);
+[[nodiscard]] bool WriteObjectAttributes(CRhinoDoc& doc, CRhinoObject& object,
+                                         const ObjectAttributes& attributes);
 
 }  // namespace orv

@@ -1,13 +1,14 @@
+#include "shading/param_presets.h"
+
 #include <string_view>
 
 #include "host/system/text.h"
-#include "shading/shader_params.h"
 
 namespace orv {
 namespace {
 
 bool Has(const ShaderParam& param, std::string_view part) {
-  return param.Name.find(part) != std::string::npos;
+  return host::Contains(param.Name, part);
 }
 
 bool Is(const ShaderParam& param, std::string_view name) {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "host/system/text.h"
-#include "shading/shader_params.h"
+#include "shading/param_presets.h"
 
 namespace orv {
 namespace {
@@ -38,10 +38,6 @@ constexpr NamedLabel kLabels[] = {
     {"Use2DCoordinates", "Use 2D coordinates"},
 };
 
-bool Contains(std::string_view text, std::string_view part) {
-  return text.find(part) != std::string_view::npos;
-}
-
 void Hide(ShaderParam& param) {
   param.AlwaysHidden = true;
   param.Collapsed = true;
@@ -59,7 +55,7 @@ void ApplyCaption(ShaderParam& caption, ShaderParam& tweak) {
 
 void ApplyCaptions(std::span<ShaderParam> params) {
   for (std::size_t i = 0; i + 1 < params.size(); ++i) {
-    if (params[i].Kind != ParamKind::String || !Contains(params[i].Name, "Tweak")) continue;
+    if (params[i].Kind != ParamKind::String || !host::Contains(params[i].Name, "Tweak")) continue;
     ApplyCaption(params[i], params[i + 1]);
     ++i;
   }
@@ -84,8 +80,8 @@ void FormGroup(std::span<ShaderParam> rows) {
 
 void SetFlags(ShaderParam& param) {
   param.IsSampleCount = param.Name == "ReflectionSamples" || param.Name == "TransmissionSamples" ||
-                        Contains(param.Name, "Level");
-  param.IsSpace = Contains(param.Name, "Space");
+                        host::Contains(param.Name, "Level");
+  param.IsSpace = host::Contains(param.Name, "Space");
   param.IsProjection = host::EqualNoCase(param.Name, "Projection");
 }
 

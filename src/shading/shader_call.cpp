@@ -2,23 +2,29 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <optional>
+#include <utility>
 
 #include "host/system/number_text.h"
-#include "settings/setting_text.h"
+#include "settings/number_list.h"
 #include "shading/shader_declaration.h"
 
 namespace orv {
 namespace {
 
-constexpr SettingBounds kFloatBounds{-1e30, 1e30};
-constexpr SettingBounds kColorBounds{0, 1e30};
+constexpr std::string_view kStringType = "string";
+constexpr std::string_view kFloatType = "float";
+constexpr std::string_view kColorType = "color";
 
-// A parameter as it stands in the text: where its declaration ends, and its value.
+constexpr SettingBounds kColorBounds{0, kNumberBounds.Maximum};
+
+// A parameter as it stands in the text: where its declaration and its value end.
 struct Pair {
   ShaderDeclaration Declaration;
   std::size_t DeclarationEnd = 0;
   std::string_view Value;
+  std::size_t ValueEnd = 0;
 };
 
 // Goes through the parameters of a shader call one by one.
@@ -29,28 +35,29 @@ class PairReader {
     NextToken(text_, position_, name);
   }
 
-  // Where the value that was read last ends.
-  [[nodiscard]] std::size_t Position() const { return position_; }
-
-  // The next parameter with the name and type; nothing when there is none.
-  std::optional<Pair> Next(std::string_view type, std::string_view name) {
+  // The next parameter; nothing when there is none.
+  std::optional<Pair> Next() {
     Pair pair;
     std::string_view words;
     while (NextToken(text_, position_, words)) {
       pair.DeclarationEnd = position_;
       if (!NextToken(text_, position_, pair.Value)) break;
+      pair.ValueEnd = position_;
       const auto declaration = ReadDeclaration(words);
-      if (!declaration || declaration->BaseType != type || declaration->Name != name) continue;
+      if (!declaration) continue;
       pair.Declaration = *declaration;
       return pair;
     }
     return std::nullopt;
   }
 
-  // The same, and no array.
+  // The next one with the name and type that is no array.
   std::optional<Pair> NextSingle(std::string_view type, std::string_view name) {
-    std::optional<Pair> pair = Next(type, name);
-    while (pair && pair->Declaration.Length != 1) pair = Next(type, name);
+    std::optional<Pair> pair = Next();
+    while (pair && !(pair->Declaration.Length == 1 && pair->Declaration.BaseType == type &&
+                     pair->Declaration.Name == name)) {
+      pair = Next();
+    }
     return pair;
   }
 
@@ -59,21 +66,13 @@ class PairReader {
   std::size_t position_ = 0;
 };
 
-// Puts `value` in brackets where the value of the pair that was read last stands.
-void ReplaceValue(std::string& text, const Pair& pair, std::size_t valueEnd,
-                  std::string_view value) {
-  std::string bracketed = " [";
-  bracketed += value;
-  bracketed += ']';
-  text.replace(pair.DeclarationEnd, valueEnd - pair.DeclarationEnd, bracketed);
-}
+// What is still to be set, by type and name.
+using Wanted = std::map<std::pair<std::string_view, std::string_view>, std::string_view>;
 
-bool ReplaceSingle(std::string& text, std::string_view type, std::string_view name,
-                   std::string_view value) {
-  PairReader reader(text);
-  const std::optional<Pair> pair = reader.NextSingle(type, name);
-  if (pair) ReplaceValue(text, *pair, reader.Position(), value);
-  return pair.has_value();
+// The value that the parameter gets.
+Wanted::iterator FindFor(const ShaderDeclaration& declaration, Wanted& wanted) {
+  if (declaration.Length != 1 && declaration.BaseType != kColorType) return wanted.end();
+  return wanted.find({declaration.BaseType, declaration.Name});
 }
 
 }  // namespace
@@ -99,7 +98,7 @@ std::string_view ShaderNameOf(std::string_view text) {
 }
 
 bool GetStringParam(std::string_view text, std::string_view name, std::string& value) {
-  const std::optional<Pair> pair = PairReader(text).NextSingle("string", name);
+  const std::optional<Pair> pair = PairReader(text).NextSingle(kStringType, name);
   if (!pair) return false;
   value = pair->Value;
   std::erase(value, '"');
@@ -108,10 +107,10 @@ bool GetStringParam(std::string_view text, std::string_view name, std::string& v
 
 bool GetFloatParam(std::string_view text, std::string_view name, double& value) {
   PairReader reader(text);
-  while (const std::optional<Pair> pair = reader.NextSingle("float", name)) {
-    const std::optional<double> number = host::ParseRealInRange(pair->Value);
+  while (const std::optional<Pair> pair = reader.NextSingle(kFloatType, name)) {
+    const std::optional<double> number = ParseNumber(pair->Value);
     if (!number) continue;
-    value = kFloatBounds.Hold(*number);
+    value = *number;
     return true;
   }
   return false;
@@ -119,36 +118,70 @@ bool GetFloatParam(std::string_view text, std::string_view name, double& value) 
 
 bool GetColorParam(std::string_view text, std::string_view name, double& red, double& green,
                    double& blue) {
-  const std::optional<Pair> pair = PairReader(text).NextSingle("color", name);
+  const std::optional<Pair> pair = PairReader(text).NextSingle(kColorType, name);
   if (!pair) return false;
   std::size_t position = 0;
   for (double* part : std::array{&red, &green, &blue}) {
     std::string_view token;
     if (!NextToken(pair->Value, position, token)) break;
-    if (const auto number = host::ParseRealInRange(token)) *part = kColorBounds.Hold(*number);
+    if (const auto number = ParseNumber(token, kColorBounds)) *part = *number;
   }
   return true;
 }
 
+ParamValue StringValue(std::string_view name, std::string_view value) {
+  ParamValue result{kStringType, std::string(name), "\""};
+  result.Text += value;
+  result.Text += '"';
+  return result;
+}
+
+ParamValue FloatValue(std::string_view name, double value) {
+  return {kFloatType, std::string(name), host::FormatG(value)};
+}
+
+ParamValue ColorValue(std::string_view name, ON_Color value) {
+  return {kColorType, std::string(name),
+          host::FormatG(value.FractionRed()) + ' ' + host::FormatG(value.FractionGreen()) + ' ' +
+              host::FormatG(value.FractionBlue())};
+}
+
+std::size_t SetParams(std::string& text, std::span<const ParamValue> values) {
+  Wanted wanted;
+  for (const ParamValue& value : values) wanted[{value.Type, value.Name}] = value.Text;
+  const std::size_t count = wanted.size();
+  PairReader reader(text);
+  std::string result;
+  std::size_t copied = 0;
+  while (!wanted.empty()) {
+    const std::optional<Pair> pair = reader.Next();
+    if (!pair) break;
+    const auto found = FindFor(pair->Declaration, wanted);
+    if (found == wanted.end()) continue;
+    result.append(text, copied, pair->DeclarationEnd - copied);
+    result += " [";
+    result += found->second;
+    result += ']';
+    copied = pair->ValueEnd;
+    wanted.erase(found);
+  }
+  if (copied > 0) text.replace(0, copied, result);
+  return count - wanted.size();
+}
+
 bool SetStringParam(std::string& text, std::string_view name, std::string_view value) {
-  std::string quoted = "\"";
-  quoted += value;
-  quoted += '"';
-  return ReplaceSingle(text, "string", name, quoted);
+  const ParamValue param = StringValue(name, value);
+  return SetParams(text, {&param, 1}) > 0;
 }
 
 bool SetFloatParam(std::string& text, std::string_view name, double value) {
-  return ReplaceSingle(text, "float", name, host::FormatG(value));
+  const ParamValue param = FloatValue(name, value);
+  return SetParams(text, {&param, 1}) > 0;
 }
 
 bool SetColorParam(std::string& text, std::string_view name, ON_Color value) {
-  PairReader reader(text);
-  const std::optional<Pair> pair = reader.Next("color", name);
-  if (!pair) return false;
-  ReplaceValue(text, *pair, reader.Position(),
-               host::FormatG(value.FractionRed()) + ' ' + host::FormatG(value.FractionGreen()) +
-                   ' ' + host::FormatG(value.FractionBlue()));
-  return true;
+  const ParamValue param = ColorValue(name, value);
+  return SetParams(text, {&param, 1}) > 0;
 }
 
 }  // namespace orv

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -23,8 +24,8 @@ std::string_view ShaderNameOf(std::string_view text);
 // when there is none.
 //
 // A string is what stands in the brackets without any double quote. A float is held to -1e30..1e30;
-// one out of a double's range is passed over. The parts of a colour are held to 0..1e30, and one
-// that can't be read stays as it is.
+// one out of a double's range, or a NaN, is passed over. The parts of a colour are held to 0..1e30,
+// and one that is missing, out of a double's range or a NaN stays as it is.
 bool GetStringParam(std::string_view text, std::string_view name, std::string& value);
 bool GetFloatParam(std::string_view text, std::string_view name, double& value);
 bool GetColorParam(std::string_view text, std::string_view name, double& red, double& green,
@@ -35,5 +36,20 @@ bool GetColorParam(std::string_view text, std::string_view name, double& red, do
 bool SetStringParam(std::string& text, std::string_view name, std::string_view value);
 bool SetFloatParam(std::string& text, std::string_view name, double value);
 bool SetColorParam(std::string& text, std::string_view name, ON_Color value);
+
+// A value to set: a type and a name, and what stands in the brackets.
+struct ParamValue {
+  std::string_view Type;
+  std::string Name;
+  std::string Text;
+};
+
+ParamValue StringValue(std::string_view name, std::string_view value);
+ParamValue FloatValue(std::string_view name, double value);
+ParamValue ColorValue(std::string_view name, ON_Color value);
+
+// Sets all the values as the operations above would one after the other, but walks through the text
+// only once. The number of parameters that were there.
+std::size_t SetParams(std::string& text, std::span<const ParamValue> values);
 
 }  // namespace orv

@@ -8,6 +8,7 @@
 
 #include "host/system/file.h"
 #include "host/system/number_text.h"
+#include "shading/call_string.h"
 #include "shading/foreign_text.h"
 
 namespace orv {
@@ -56,10 +57,8 @@ std::uint32_t UnsignedAt(std::string_view bytes, std::size_t offset, std::size_t
   return value;
 }
 
-// The text of a field, which ends with a zero byte or with the field.
-std::string TextAt(std::string_view bytes, std::size_t offset, std::size_t size) {
-  const std::string_view field = bytes.substr(offset, size);
-  return CallTextFromBytes(field.substr(0, field.find('\0')));
+std::string NameAt(std::string_view bytes, std::size_t offset, std::size_t size) {
+  return CallTextOf(TextFromField(bytes.substr(offset, size)));
 }
 
 // A parameter's record in the table.
@@ -79,7 +78,7 @@ ParamRecord RecordAt(std::string_view bytes, std::size_t offset) {
   record.ValueIndex = static_cast<std::int16_t>(UnsignedAt(bytes, offset + 2, 2));
   record.Length = UnsignedAt(bytes, offset + 4, 2);
   record.Storage = UnsignedAt(bytes, offset + 6, 2);
-  record.Name = TextAt(bytes, offset + 8, 24);
+  record.Name = NameAt(bytes, offset + 8, 24);
   return record;
 }
 
@@ -94,7 +93,9 @@ void AppendDeclaration(const ParamRecord& record, std::string& text) {
 
 void AppendElement(std::string_view bytes, const ValueType& type, std::size_t offset,
                    std::string& text) {
-  if (type.IsText) text += '"' + TextAt(bytes, offset, kStringSize) + '"';
+  if (type.IsText) {
+    text += '"' + EncodeCallString(TextFromField(bytes.substr(offset, kStringSize))) + '"';
+  }
   for (std::size_t i = 0; i < type.Floats; ++i) {
     if (i > 0) text += ' ';
     const auto value = std::bit_cast<float>(UnsignedAt(bytes, offset + i * 4, 4));
@@ -127,7 +128,7 @@ std::string CallText(std::string_view bytes) {
   const std::size_t wordCount = UnsignedAt(bytes, 62, 2);
   const std::size_t valueArea = kHeaderSize + paramCount * kRecordSize + wordCount * kWordSize;
   if (valueArea > bytes.size()) return {};
-  std::string text = '"' + TextAt(bytes, 12, 48) + '"';
+  std::string text = '"' + NameAt(bytes, 12, 48) + '"';
   for (std::size_t i = 0; i < paramCount; ++i) {
     const ParamRecord record = RecordAt(bytes, kHeaderSize + i * kRecordSize);
     AppendDeclaration(record, text);

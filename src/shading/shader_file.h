@@ -7,7 +7,8 @@
 //
 // `callText` becomes the shader's call with each parameter at its default, `kind` a word: Surface,
 // Displacement, Atmosphere, Imager, LightSource, Deformation, Procedure or Instancer. Names and
-// strings are taken as CallTextFromBytes says; one that does not end in its field is cut there.
+// strings are taken as TextFromField says, names as CallTextOf leaves them and strings as
+// EncodeCallString encodes them.
 namespace orv {
 
 // False, and both results are empty, when the file can't be opened or makes no sense: an unknown

@@ -33,7 +33,7 @@ struct ShaderParam {
   bool AlwaysHidden = false;
   // The rows behind belong to this one and can be opened and closed by it.
   bool GroupHead = false;
-  // A string that names a coordinate space, or a projection.
+  // The name is that of a coordinate space, or of a projection; the kind may be any.
   bool IsSpace = false;
   bool IsProjection = false;
   // The colour, gamma-encoded.

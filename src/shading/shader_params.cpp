@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "host/system/number_text.h"
-#include "settings/setting_text.h"
+#include "settings/number_list.h"
 #include "shading/gamma.h"
 #include "shading/param_rows.h"
 #include "shading/shader_call.h"
@@ -13,7 +13,6 @@
 namespace orv {
 namespace {
 
-constexpr SettingBounds kFloatBounds{-1e30, 1e30};
 constexpr SettingBounds kColorBounds{0, 1};
 
 // Each of these reads a value; false when it doesn't fit the parameter's declaration.
@@ -23,12 +22,12 @@ bool ReadFloat(std::string_view value, ShaderParam& param) {
   std::size_t position = 0;
   std::string_view token;
   while (NextToken(value, position, token)) {
-    const std::optional<double> number = host::ParseRealInRange(token);
+    const std::optional<double> number = ParseNumber(token);
     if (!number) continue;
     if (count == param.Count) return false;
     if (count > 0) param.Text += ',';
     param.Text += token;
-    param.Values[static_cast<std::size_t>(count)] = kFloatBounds.Hold(*number);
+    param.Values[static_cast<std::size_t>(count)] = *number;
     ++count;
   }
   return count == param.Count;
@@ -40,9 +39,9 @@ bool ReadColor(std::string_view value, double gamma, ShaderParam& param) {
   for (double& part : parts) {
     std::string_view token;
     if (!NextToken(value, position, token)) return false;
-    const std::optional<double> number = host::ParseRealInRange(token);
+    const std::optional<double> number = ParseNumber(token, kColorBounds);
     if (!number) return false;
-    part = ApplyGamma(kColorBounds.Hold(*number), 1 / gamma);
+    part = ApplyGamma(*number, 1 / gamma);
   }
   param.Color.SetFractionalRGB(parts[0], parts[1], parts[2]);
   param.Text = value;

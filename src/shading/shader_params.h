@@ -13,7 +13,8 @@ namespace orv {
 
 // The parameters of a shader call, at most kMaxShaderParams, with labels, groups and presets;
 // `name` becomes the shader's name. Strings, colours and floats of up to 16 numbers are taken,
-// others dropped, as is a parameter with a storage word or without the right number of values.
+// others dropped, as is a parameter with a storage word or without the right number of values. A
+// NaN and a number out of a double's range don't count as values.
 std::vector<ShaderParam> ParseParamList(std::string_view text, std::string& name, double gamma);
 
 // The shader call of a name and parameters. Colours come out as their 8 bits a channel tell.
@@ -23,8 +24,5 @@ std::string PrintParamList(std::string_view name, std::span<const ShaderParam> p
 // What a row shows of a value that has no field of its own: several numbers joined by commas, or
 // the file's name in a string with slashes. Empty for all else.
 std::string ParamDisplayText(const ShaderParam& param);
-
-// Fills the values to offer: for floats by their count, name and IsSampleCount, for others none.
-void SetParamPresets(ShaderParam& param);
 
 }  // namespace orv

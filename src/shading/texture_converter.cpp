@@ -61,8 +61,16 @@ bool IsUpToDate(const std::string& target, const std::string& source) {
   return !sourceTime || !targetTime || *sourceTime <= *targetTime;
 }
 
+// The name of a file such that no program takes it for an option.
+std::string ArgumentOf(const std::string& file) {
+  return file.starts_with('-') ? "./" + file : file;
+}
+
 void Tell(const char* message, const std::string& name) {
-  RhinoApp().Print(message + name + "\n");
+  constexpr std::size_t kLongestName = 1000;
+  std::string told(host::FirstBytes(name, kLongestName));
+  if (told.size() < name.size()) told += "...";
+  RhinoApp().Print(message + told + "\n");
 }
 
 }  // namespace
@@ -137,9 +145,10 @@ bool TextureConverter::MakeTexture(const Request& request, const std::string& ta
   const auto oldTime = host::ModificationTime(target);
   host::ProcessStart start;
   // The converter knows only the system's own separators.
+  const std::string image = host::NativePath(source).string();
   start.Arguments = {
-      std::string(kConverter),           "-mode", mode, "-g", host::FormatG(1 / gamma),
-      host::NativePath(source).string(), target};
+      std::string(kConverter), "-mode",           mode, "-g", host::FormatG(1 / gamma),
+      ArgumentOf(image),       ArgumentOf(target)};
   start.Hidden = true;
   const bool hasRun = host::RunProcess(start, TimeLimit);
   if (host::InterruptRequested()) {

@@ -146,7 +146,7 @@ class EverythingTest : public ExportTest {
               {{"OrvLightUseArchive", "Yes"}, {"OrvLightArchive", "bulb.rib"}}),
         Light(ON_LightStyle::world_linear, "tube", {{"OrvLightFalloff", "2"}}),
         Light(ON_LightStyle::ambient, "ambient", {}),
-        Light(ON_LightStyle::world_point, "off", {}),
+        Light(ON_LightStyle::world_point, "off", {{"OrvLightChannel", "7"}}),
     };
     model_.m_light_table[0].m_light->m_spot_angle = 30;
     model_.m_light_table[0].m_light->m_spot_exponent = 16;

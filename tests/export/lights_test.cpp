@@ -243,8 +243,36 @@ TEST_F(Lights, AreLeftOutForTheNumbersOfTheirKindOnly) {
   EXPECT_TRUE(isLeftOut(Style::world_spot, angle));
   EXPECT_FALSE(isLeftOut(Style::world_point, angle));
   EXPECT_TRUE(isLeftOut(Style::world_spot, exponent));
+  EXPECT_TRUE(isLeftOut(Style::camera_spot, exponent));
   EXPECT_TRUE(isLeftOut(Style::world_point, shadow));
   EXPECT_FALSE(isLeftOut(Style::ambient, shadow));
+}
+
+// A document's unset numbers are finite ones.
+TEST_F(Lights, WithUnsetNumbersAreLeftOut) {
+  const auto ribWith = [this](Style style, double ON_Light::*number) {
+    ONX_ModelLight light = LightOf(style);
+    (*light.m_light).*number = ON_UNSET_VALUE;
+    model_.m_light_table = {light};
+    lighting_ = {};
+    return Rib();
+  };
+  EXPECT_EQ(ribWith(Style::world_spot, &ON_Light::m_spot_exponent), "");
+  EXPECT_EQ(ribWith(Style::world_spot, &ON_Light::m_spot_angle), "");
+  EXPECT_NE(ribWith(Style::world_point, &ON_Light::m_spot_exponent), "");
+  for (const Style style : {Style::world_point, Style::world_rectangular, Style::world_linear,
+                            Style::world_spot, Style::world_directional}) {
+    EXPECT_EQ(ribWith(style, &ON_Light::m_shadow_intensity), "");
+    EXPECT_EQ(lighting_.LightCount, 0);
+  }
+}
+
+// With a hot spot the stored exponent says nothing.
+TEST_F(Lights, AnUnsetExponentDoesNotMatterBesideAHotSpot) {
+  ONX_ModelLight light = LightOf(Style::world_spot);
+  light.m_light->m_spot_exponent = ON_UNSET_VALUE;
+  light.m_light->m_hotspot = 1;
+  EXPECT_NE(RibOf(light).find("\"beamdistribution\" [ 0 ]\n"), std::string::npos);
 }
 
 TEST_F(Lights, GreatNumbersAreReadableStill) {
@@ -255,8 +283,8 @@ TEST_F(Lights, GreatNumbersAreReadableStill) {
     light.m_light->m_direction = {1e300, 0, 1e300};
     light.m_light->m_length = {1e300, 1e300, 0};
     light.m_light->m_width = {1e300, 0, 1e300};
-    light.m_light->m_spot_angle = 1e307;
-    light.m_light->m_shadow_intensity = 1e308;
+    light.m_light->m_spot_angle = 1e300;
+    light.m_light->m_shadow_intensity = 1e300;
     EXPECT_NE(RibOf(WithStrings(light, {{"OrvLightIntensity", "nan"},
                                         {"OrvShadowBlur", "nan"},
                                         {"OrvShadowColor", "nan,inf,-inf"},

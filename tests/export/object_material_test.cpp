@@ -37,8 +37,7 @@ class ObjectMaterialTest : public ExportTest {
 
   void Write(orv::RibWriter& writer, const CRhinoObject& object) {
     orv::SceneMaterials materials(settings_, textures_);
-    orv::WriteObjectMaterial(writer, object, settings_, materials, wantsRenderMesh_,
-                             useObjectNumber_);
+    wantsRenderMesh_ = orv::WriteObjectMaterial(writer, object, materials, useObjectNumber_);
   }
 
   // The same with a surface shader in place of the material's, without what follows it.
@@ -395,9 +394,8 @@ TEST_F(ObjectMaterialTest, ComplexShadowsRunTheShader) {
   EXPECT_EQ(tail_, "Attribute \"shade\" \"string transmissionhitmode\" \"shader\"\n");
 }
 
-TEST_F(ObjectMaterialTest, ABrokenCallGoesOutAsItStands) {
-  EXPECT_EQ(WithSurface("\"V\" \"float A\" [1 \"float B\" [2"),
-            "Surface \"V\" \"float A\" [1 \"float B\" [2\n");
+TEST_F(ObjectMaterialTest, ABrokenCallDoesNotTakeTheRestOfTheFileWithIt) {
+  EXPECT_EQ(WithSurface("\"V\" \"string A\" [\"abc"), "Surface \"V\" \"string A\" [\"abc\"]\n");
 }
 
 TEST_F(ObjectMaterialTest, EachImageIsLookedAtOnce) {

@@ -22,6 +22,36 @@ TEST(ShaderStatement, IsTheCallAsItStands) {
   EXPECT_EQ(Statement("matte"), "Surface matte\nSides 1\n");
 }
 
+TEST(ShaderStatement, KeepsWhatRibCanReadByteForByte) {
+  for (const std::string call :
+       {"\"V\" \"string Map\" [\"wood [1].jpg\"]", "\"V\" \"string Map\" [\"a\\042b\\\\\"]",
+        "\"V\" \"float A\" 1  \"float[2] B\" [ 1 2 ] ", "\"größe\" \"string S\" [\"\"]"}) {
+    EXPECT_EQ(Statement(call), "Surface " + call + "\nSides 1\n");
+  }
+}
+
+TEST(ShaderStatement, ClosesWhatIsOpen) {
+  EXPECT_EQ(Statement("\"V"), "Surface \"V\"\nSides 1\n");
+  EXPECT_EQ(Statement("\"V\" \"float A\" [1 2"), "Surface \"V\" \"float A\" [1 2]\nSides 1\n");
+  EXPECT_EQ(Statement("\"V\" \"string A\" [\"abc"),
+            "Surface \"V\" \"string A\" [\"abc\"]\nSides 1\n");
+  EXPECT_EQ(Statement("\"V\" \"float A\" [1 \"float B\" [2"),
+            "Surface \"V\" \"float A\" [1 \"float B\"  2]\nSides 1\n");
+  // A backslash takes the quote with it.
+  EXPECT_EQ(Statement("\"V\" \"string Map\" [\"C:\\maps\\\"]"),
+            "Surface \"V\" \"string Map\" [\"C:\\\\maps\\\\\"]\nSides 1\n");
+  EXPECT_EQ(Statement("\"V\" \"float A\" 1]"), "Surface \"V\" \"float A\" [1 ]\nSides 1\n");
+}
+
+TEST(ShaderStatement, HasNoControlCharacter) {
+  EXPECT_EQ(Statement("\"V\nPlastic\" \"float A\" [1\n2]"),
+            "Surface \"V\\012Plastic\" \"float A\" [1 2]\nSides 1\n");
+  EXPECT_EQ(Statement("\"V\"\nReadArchive \"evil.rib\""),
+            "Surface \"V\" \"\\012ReadArchive\" [\"evil.rib\"]\nSides 1\n");
+  EXPECT_EQ(Statement("\"V\" [string \"A\"] [\"b\"]"),
+            "Surface \"V\" [string \"A\"] [\"b\"]\nSides 1\n");
+}
+
 // A call of `count` floats.
 std::string LongCall(int count) {
   std::string call = "\"VLong\"";

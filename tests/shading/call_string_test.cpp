@@ -62,6 +62,33 @@ TEST(CallString, LongNameComesBack) {
   EXPECT_EQ(DecodeCallString(text), name);
 }
 
+TEST(QuotedName, OnlyWhatEndsItsQuotesIsEscaped) {
+  for (const std::string name :
+       {"", "Gold [1]", "]", "C:\\maps\\gold", "\\101", "a\\n", "\\042\\n"}) {
+    EXPECT_EQ(EncodeQuotedName(name), name);
+    EXPECT_EQ(DecodeQuotedName(name), name);
+  }
+  EXPECT_EQ(EncodeQuotedName("6\" pipe\\"), "6\\042 pipe\\134");
+  EXPECT_EQ(EncodeQuotedName("a\\b\n"), "a\\134b\\012");
+  EXPECT_EQ(EncodeQuotedName("maps\\012"), "maps\\134012");
+  EXPECT_EQ(EncodeQuotedName("maps\\135"), "maps\\134135");
+  EXPECT_EQ(DecodeQuotedName("a\\135\\042\\134"), "a]\"\\");
+}
+
+TEST(QuotedName, EachByteComesBackInEveryPlace) {
+  for (int byte = 0; byte < 256; ++byte) {
+    const char c = static_cast<char>(byte);
+    for (const std::string& name :
+         {std::string{c}, std::string{c, '0', '1', '2'}, std::string{'"', c, '1', '3', '4'},
+          std::string{'\\', '0', c}, std::string{'\\', '1', '3', '5', c}}) {
+      const std::string text = EncodeQuotedName(name);
+      EXPECT_EQ(DecodeQuotedName(text), name) << byte;
+      EXPECT_EQ(text.find('"'), std::string::npos);
+      EXPECT_FALSE(text.ends_with('\\'));
+    }
+  }
+}
+
 TEST(CallString, NameCanNotLeaveItsPlaceInACall) {
   std::string call = "\"VPlastic\" \"string ColorMapName\" [\"\"] \"float Diffuse\" [0.5]";
   const std::string name = "a\"] \"float Diffuse\" [9] [\"\nb.jpg";

@@ -104,6 +104,32 @@ TEST_F(DarkTreeTest, ANumberOutOfRangeIsSkippedAndNotCounted) {
             R"( "string FloatTweak2Name" [""] "float FloatTweak2" [0])");
 }
 
+TEST_F(DarkTreeTest, ANanIsSkippedAndNotCounted) {
+  EXPECT_EQ(Refreshed("Tweak IF_INT\nTweak : a\nTweak : nan\n"
+                      "Tweak IF_INT\nTweak : b\nTweak : 2\n"
+                      "Tweak IF_COLOR\nTweak : c\nTweak : 255 nan 51 0\n"),
+            R"( "string ColorTweak1Name" ["c"] "color ColorTweak1" [1 0.2 0])"
+            R"( "string FloatTweak1Name" ["b"] "float FloatTweak1" [2])"
+            R"( "string FloatTweak2Name" [""] "float FloatTweak2" [0])");
+}
+
+TEST_F(DarkTreeTest, TheKindOfATweakDoesNotLastForTheNext) {
+  EXPECT_EQ(Refreshed("Tweak IF_COLOR\nTweak : c\nTweak : 255 0 51\n"
+                      "Tweak IF_INT\nTweak : a\nTweak : 1\n"
+                      "Tweak IF_OTHER\nTweak : none\nTweak : 7\n"
+                      "Tweak IF_BUMP\nTweak : b\nTweak : 2\n"),
+            R"( "string ColorTweak1Name" ["c"] "color ColorTweak1" [1 0 0.2])"
+            R"( "string FloatTweak1Name" ["a"] "float FloatTweak1" [1])"
+            R"( "string FloatTweak2Name" ["b"] "float FloatTweak2" [2])");
+}
+
+TEST_F(DarkTreeTest, ATweakMayBeOfBothKinds) {
+  EXPECT_EQ(Refreshed("Tweak IF_COLOR IF_INT\nTweak : a\nTweak : 51 0 0\n"),
+            R"( "string ColorTweak1Name" ["a"] "color ColorTweak1" [0.2 0 0])"
+            R"( "string FloatTweak1Name" ["a"] "float FloatTweak1" [51])"
+            R"( "string FloatTweak2Name" [""] "float FloatTweak2" [0])");
+}
+
 TEST_F(DarkTreeTest, AValueLineWithoutAColonEndsTheTweak) {
   EXPECT_EQ(Refreshed("Tweak IF_INT\nTweak : a\nTweak 5\n"
                       "Tweak IF_INT\nTweak : b\nTweak :\n"),
@@ -135,16 +161,36 @@ TEST_F(DarkTreeTest, ALongLineGoesOnAsTheNext) {
                              R"( "string FloatTweak2Name" [""] "float FloatTweak2" [0])");
 }
 
-// Hours, when each of the tweaks was looked for.
-TEST_F(DarkTreeTest, TakesNoMoreTweaksThanAnEditorShows) {
+std::string Repeated(int count, std::string_view tweak) {
   std::string content;
-  for (int i = 0; i < 50000; ++i) content += "Tweak IF_INT\nTweak : a\nTweak : 1\n";
-  WriteFileContent(folder_.Path() / "bark.dst", content);
+  for (int i = 0; i < count; ++i) content += tweak;
+  return content;
+}
+
+constexpr std::string_view kFloat = "Tweak IF_INT\nTweak : a\nTweak : 1\n";
+constexpr std::string_view kColor = "Tweak IF_COLOR\nTweak : b\nTweak : 255 0 51\n";
+
+// A walk through the call for each of the file's tweaks would take hours.
+TEST_F(DarkTreeTest, TakesNoMoreTweaksThanAnEditorShows) {
+  WriteFileContent(folder_.Path() / "bark.dst", Repeated(50000, kFloat) + Repeated(50000, kColor));
   std::string text = "\"X\" \"string DarkTreeShader\" [\"" + Path() + "\"]";
-  while (text.size() < std::size_t{1} << 16) text += R"( "float A" [1])";
-  text += R"( "float FloatTweak200" [0] "float FloatTweak201" [0])";
+  while (text.size() < std::size_t{1} << 20) text += R"( "float A" [1])";
+  text += R"( "float FloatTweak200" [0] "float FloatTweak201" [0])"
+          R"( "color ColorTweak200" [0 0 0] "color ColorTweak201" [0 0 0])";
   RefreshDarkTreeTweaks(text);
-  EXPECT_TRUE(text.ends_with(R"( "float FloatTweak200" [1] "float FloatTweak201" [0])"));
+  EXPECT_TRUE(text.ends_with(R"( "float FloatTweak200" [1] "float FloatTweak201" [0])"
+                             R"( "color ColorTweak200" [1 0 0.2] "color ColorTweak201" [0 0 0])"));
+}
+
+TEST_F(DarkTreeTest, AKindThatIsFullDoesNotEndTheOther) {
+  EXPECT_EQ(Refreshed(Repeated(300, kFloat) + std::string(kColor)),
+            R"( "string ColorTweak1Name" ["b"] "color ColorTweak1" [1 0 0.2])"
+            R"( "string FloatTweak1Name" ["a"] "float FloatTweak1" [1])"
+            R"( "string FloatTweak2Name" ["a"] "float FloatTweak2" [1])");
+  EXPECT_EQ(Refreshed(Repeated(300, kColor) + std::string(kFloat)),
+            R"( "string ColorTweak1Name" ["b"] "color ColorTweak1" [1 0 0.2])"
+            R"( "string FloatTweak1Name" ["a"] "float FloatTweak1" [1])"
+            R"( "string FloatTweak2Name" [""] "float FloatTweak2" [0])");
 }
 
 }  // namespace

@@ -238,12 +238,13 @@ TEST_F(HostMaterialTest, HostileNameStaysInsideItsString) {
 }
 
 TEST_F(HostMaterialTest, LongNameAndPercentSignsStay) {
-  material_.ColorMap = std::string(5000, 'x') + " 100%d%s.jpg";
+  const std::string beginning = "100%d%s " + std::string(992, 'x');
+  material_.ColorMap = beginning + std::string(4000, 'x') + ".jpg";
   Convert(true);
   std::string name;
   EXPECT_TRUE(GetStringParam(material_.Surface, "ColorMapName", name));
   EXPECT_EQ(name, material_.ColorMap);
-  EXPECT_EQ(Told(), "Texture file not found: " + material_.ColorMap + "\n");
+  EXPECT_EQ(Told(), "Texture file not found: " + beginning + "...\n");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <limits>
 
 #include "attribute_document.h"
 #include "host/document/app.h"
@@ -12,6 +13,8 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 MaterialAttributes ReadWith(std::string_view key, std::string_view text) {
   ON_Material material;
@@ -180,6 +183,16 @@ TEST(MaterialAttributes, WithoutShineAreDull) {
   }
 }
 
+TEST(MaterialAttributes, AShineThatGivesNoRoughnessLeavesTheDefault) {
+  ON_Material material;
+  material.m_specular = ON_Color(1, 2, 3);
+  for (const double shine : {1e-310, 1e308, kInfinity}) {
+    material.m_shine = shine;
+    EXPECT_EQ(ReadMaterialAttributes(material).SpecularRoughness, 0.1) << shine;
+    EXPECT_EQ(ReadMaterialAttributes(material).Specular, ON_Color(1, 2, 3)) << shine;
+  }
+}
+
 // A texture with `count` tiles and `offset` in either direction.
 ON_Texture Texture(ON_Texture::Type type, std::string file, double count = 1, double offset = 0) {
   ON_Texture texture;
@@ -282,6 +295,48 @@ TEST(MaterialAttributes, ACountThatIsNotAboveZeroLeavesTheSize) {
     const MaterialAttributes attributes = ReadMaterialAttributes(material);
     EXPECT_EQ(attributes.MapSize[0], 1) << count;
     EXPECT_EQ(attributes.MapOrigin[0], -0.25) << count;
+  }
+}
+
+TEST(MaterialAttributes, ATilingThatGivesNoNumberLeavesTheDefaults) {
+  const double nan = std::nan("");
+  for (const double count : {1e-320, kInfinity, -kInfinity, nan}) {
+    ON_Material material;
+    material.m_textures = {Texture(ON_Texture::Type::bitmap, "a.png", count, 0.25),
+                           Texture(ON_Texture::Type::bump, "b.png", count, 0.25)};
+    const MaterialAttributes attributes = ReadMaterialAttributes(material);
+    EXPECT_THAT(attributes.MapSize, ElementsAre(1, 1)) << count;
+    EXPECT_THAT(attributes.MapOrigin, ElementsAre(-0.25, 0.25)) << count;
+    EXPECT_THAT(attributes.BumpSize, ElementsAre(1, 1)) << count;
+    EXPECT_THAT(attributes.BumpOrigin, ElementsAre(-0.25, 0.25)) << count;
+  }
+  for (const double offset : {kInfinity, -kInfinity, nan}) {
+    ON_Material material;
+    material.m_textures = {Texture(ON_Texture::Type::transparency, "a.png", 2, offset),
+                           Texture(ON_Texture::Type::bump, "b.png", 2, offset)};
+    const MaterialAttributes attributes = ReadMaterialAttributes(material);
+    EXPECT_THAT(attributes.MapSize, ElementsAre(0.5, 0.5)) << offset;
+    EXPECT_THAT(attributes.MapOrigin, ElementsAre(0, 0)) << offset;
+    EXPECT_THAT(attributes.BumpSize, ElementsAre(0.5, 0.5)) << offset;
+    EXPECT_THAT(attributes.BumpOrigin, ElementsAre(0, 0)) << offset;
+  }
+}
+
+TEST(MaterialAttributes, AnOriginOutOfRangeLeavesTheDefault) {
+  ON_Material material;
+  material.m_textures = {Texture(ON_Texture::Type::bitmap, "a.png", 0x1p-900, 0x1p900)};
+  const MaterialAttributes attributes = ReadMaterialAttributes(material);
+  EXPECT_THAT(attributes.MapSize, ElementsAre(0x1p900, 0x1p900));
+  EXPECT_THAT(attributes.MapOrigin, ElementsAre(0, 0));
+}
+
+TEST(MaterialAttributes, ABumpStrengthThatIsNoNumberIsNone) {
+  for (const double strength : {std::nan(""), kInfinity, -kInfinity}) {
+    ON_Material material;
+    material.m_textures = {Texture(ON_Texture::Type::bump, "bumps.png")};
+    material.m_textures[0].m_bump_scale = {0, strength};
+    EXPECT_EQ(ReadMaterialAttributes(material).BumpHeight, 0) << strength;
+    EXPECT_EQ(ReadMaterialAttributes(material).BumpMap, "bumps.png");
   }
 }
 
@@ -429,6 +484,55 @@ TEST(MaterialAttributes, AreStoredInTheMaterialThatTheLayerHas) {
   EXPECT_TRUE(WriteMaterialAttributes(document.Doc, document.Mesh(), attributes));
   EXPECT_EQ(document.Doc.m_material_table.Count(), 2);
   EXPECT_EQ(document.Material(1).m_name, attributes.Name);
+}
+
+TEST(MaterialAttributes, ALayerWhoseMaterialIsNotInTheTableGetsOne) {
+  for (const int index : {2, 99, -7, std::numeric_limits<int>::max()}) {
+    AttributeDocument document;
+    ON_Layer layer = document.Layer();
+    layer.SetRenderMaterialIndex(index);
+    ASSERT_TRUE(document.Doc.m_layer_table.ModifyLayer(layer, 0));
+    EXPECT_EQ(ReadMaterialAttributes(document.Mesh()).Name, "");
+    MaterialAttributes attributes = OtherValues();
+    attributes.NameChanged = true;
+    EXPECT_TRUE(WriteMaterialAttributes(document.Doc, document.Mesh(), attributes));
+    EXPECT_EQ(document.Doc.m_material_table.Count(), 3);
+    EXPECT_EQ(document.Layer().RenderMaterialIndex(), 2);
+    EXPECT_EQ(document.Material(2).m_name, attributes.Name);
+  }
+}
+
+TEST(MaterialAttributes, SeveralObjectsOnOneLayerShareItsNewMaterial) {
+  AttributeDocument document(2);
+  const MaterialWatcher watcher;
+  MaterialAttributes attributes = OtherValues();
+  attributes.NameChanged = true;
+  EXPECT_TRUE(WriteMaterialAttributes(document.Doc, document.Mesh(0), attributes));
+  EXPECT_TRUE(WriteMaterialAttributes(document.Doc, document.Mesh(1), attributes));
+  EXPECT_EQ(document.Doc.m_material_table.Count(), 3);
+  EXPECT_EQ(document.Mesh(1).ObjectMaterial().MaterialIndex(), 2);
+  EXPECT_EQ(ReadMaterialAttributes(document.Mesh(1)).Name, attributes.Name);
+  // It was made, and each of the objects has written it.
+  EXPECT_EQ(watcher.Count, 3);
+}
+
+TEST(MaterialAttributes, SeveralObjectsOnOneMaterialWriteItOneAfterTheOther) {
+  AttributeDocument document(3);
+  for (const std::size_t object : {0u, 1u, 2u}) document.SetObjectMaterial(1, object);
+  const MaterialWatcher watcher;
+  MaterialAttributes attributes = OtherValues();
+  attributes.SurfaceChanged = true;
+  attributes.TransparencyChanged = true;
+  for (const std::size_t object : {0u, 1u, 2u}) {
+    attributes.Transparency = 0.25 * static_cast<double>(object);
+    EXPECT_TRUE(WriteMaterialAttributes(document.Doc, document.Mesh(object), attributes));
+  }
+  EXPECT_EQ(watcher.Count, 3);
+  EXPECT_EQ(document.Doc.m_material_table.Count(), 2);
+  // The last one counts, for all of them.
+  EXPECT_EQ(ReadMaterialAttributes(document.Mesh(0)).Transparency, 0.5);
+  EXPECT_THAT(document.Material(1).m_user_strings.m_e,
+              ElementsAre(ON_UserString{"OrvSurface", attributes.Surface}));
 }
 
 TEST(MaterialAttributes, AnObjectOfItsOwnWithoutAMaterialTakesNone) {

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <limits>
 
 #include "support/temp_folder.h"
@@ -135,7 +136,7 @@ TEST(MaterialText, LongTextsAreCutBetweenCharacters) {
   const std::string text = TextFromMaterial("a", 1, material);
   EXPECT_THAT(text, HasSubstr(" \"" + std::string(511, 'n') + "\"\nColor"));
   EXPECT_THAT(text, HasSubstr("Surface \"X\"\n  \"" + std::string(1000, 'd') + "\" [" +
-                              std::string(1000, '1') + "]\n"));
+                              std::string(992, '1') + "]\n"));
   // The string that has lost its end gets one.
   EXPECT_THAT(text, EndsWith("\n  \"string A\" [\"" + std::string(999, 's') + "\"]\n"));
 }
@@ -153,12 +154,115 @@ TEST(MaterialText, NothingEndsAStringOrItsBracketsEarly) {
   material.Surface = "[a\"b] [float \"A\"] \"1] [2\" \"string B\" [\"open] \"string C\" [\"d\\\"]";
   material.Displacement = "\"a\nb\" \"float\tA\" [1\r\n2]";
   const std::string text = TextFromMaterial("a", 1, material);
-  EXPECT_THAT(text, HasSubstr("\"shadinggroup\" \"6' pipe /\"\n"));
-  EXPECT_THAT(text, HasSubstr("Surface \"a'b\"\n"
-                              "  \"float 'A'\" [1 [2]\n"
+  EXPECT_THAT(text, HasSubstr("\"shadinggroup\" \"6\\042 pipe\\012\\134\"\n"));
+  EXPECT_THAT(text, HasSubstr("Surface \"a\\042b\"\n"
+                              "  \"float \\042A\\042\" [1 [2]\n"
                               "  \"string B\" [\"open\"]\n"
                               "  \"string C\" [\"d\\\"\"]\n"));
-  EXPECT_THAT(text, EndsWith("Displacement \"a b\"\n  \"float A\" [1  2]\n"));
+  EXPECT_THAT(text, EndsWith("Displacement \"a\\012b\"\n  \"float\\011A\" [1  2]\n"));
+}
+
+TEST(MaterialText, EveryNameComesBack) {
+  using namespace std::string_literals;
+  MaterialAttributes material;
+  for (const std::string& name :
+       {"6\" pipe\\"s, "C:\\maps\\gold"s, "maps\\012"s, "\\"s, "\""s, "[a] ]"s, "a\nb\r\tc\x7f\0d"s,
+        "G\u00f6ld\U0001F332"s, "\\042\\"s, std::string(480, '\\')}) {
+    material.Name = name;
+    EXPECT_EQ(Parsed(TextFromMaterial("a", 1, material)).Name, name);
+  }
+}
+
+TEST(MaterialText, UsualNameStaysByteForByte) {
+  MaterialAttributes material;
+  for (const std::string name : {"C:\\maps\\gold", "[6' pipe]", "100%d", "\\n", "a\\101"}) {
+    material.Name = name;
+    material.Surface = '"' + name + '"';
+    const std::string text = TextFromMaterial("a", 1, material);
+    EXPECT_THAT(text, HasSubstr("\"shadinggroup\" \"" + name + "\"\n"));
+    EXPECT_THAT(text, HasSubstr("Surface \"" + name + "\"\n"));
+    EXPECT_EQ(Parsed(text).Surface, material.Surface);
+  }
+}
+
+TEST(MaterialText, CallWithEscapesComesBack) {
+  MaterialAttributes material;
+  for (const std::string call :
+       {"\"6\\042 pipe\"", "\"a\\134\"", "\"S\" \"float \\042A\" [1]",
+        "\"S\" \"string A\" [\"wo\\042od [1\\135.tx\"]", "\"S\" \"string A\" [\"C:\\012.tx\"]"}) {
+    material.Surface = call;
+    material.Displacement = call;
+    material.Instancer = call;
+    const MaterialAttributes read = Parsed(TextFromMaterial("a", 1, material));
+    EXPECT_EQ(read.Surface, call);
+    EXPECT_EQ(read.Displacement, call);
+    EXPECT_EQ(read.Instancer, call);
+  }
+}
+
+TEST(MaterialText, WhatIsReadAndWrittenAgainStaysTheSame) {
+  MaterialAttributes material;
+  material.Surface =
+      "[a\"b\\] [float \"A\"] \"1] [2\" \"string B\" [\"open] \"string C\" [\"d\\\"] \"x\ny\" [\t]";
+  const std::string text = TextFromMaterial("a", 1, material);
+  MaterialAttributes read = Parsed(text);
+  EXPECT_EQ(TextFromMaterial("a", 1, read), text);
+}
+
+std::size_t LongestLine(std::string_view text) {
+  std::size_t longest = 0;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size() - 1);
+    longest = std::max(longest, end);
+    text.remove_prefix(end + 1);
+  }
+  return longest;
+}
+
+constexpr std::size_t kLongestRead = 1999;
+const std::string kLast = " \"float Last\" [1]";
+
+TEST(MaterialText, LongParameterLosesNoLaterOne) {
+  for (const char* start : {"1", "\"s", "\"\\\\", "\"\u00e4"}) {
+    for (std::size_t length = 980; length <= 1002; ++length) {
+      MaterialAttributes material;
+      material.Surface = "\"S\" \"" + std::string(length, 'd') + "\" [" + start +
+                         std::string(1200, 's') + "]" + kLast;
+      const std::string text = TextFromMaterial("a", 1, material);
+      EXPECT_LE(LongestLine(text), kLongestRead);
+      const MaterialAttributes read = Parsed(text);
+      EXPECT_THAT(read.Surface, EndsWith(']' + kLast)) << length;
+      EXPECT_EQ(TextFromMaterial("a", 1, read), text) << length;
+    }
+  }
+}
+
+TEST(MaterialText, LongNameLosesNoLaterParameter) {
+  const std::string quotes(1200, '"');
+  MaterialAttributes material;
+  material.Name = quotes;
+  material.Surface = "[" + quotes + "] [" + quotes + "] [" + quotes + "]" + kLast;
+  material.Displacement = '"' + std::string(5000, 'n') + '"' + kLast;
+  const std::string text = TextFromMaterial("a", 1, material);
+  EXPECT_LE(LongestLine(text), kLongestRead);
+  const MaterialAttributes read = Parsed(text);
+  // As many quotes as fit into the line as escapes.
+  EXPECT_EQ(read.Name, std::string(489, '"'));
+  EXPECT_THAT(read.Surface, EndsWith(']' + kLast));
+  EXPECT_EQ(read.Displacement, '"' + std::string(1984, 'n') + '"' + kLast);
+  EXPECT_EQ(TextFromMaterial("a", 1, read), text);
+}
+
+TEST(MaterialText, ValueThatIsCutAtTheLineIsClosed) {
+  MaterialAttributes material;
+  const std::string start = "\"S\" \"" + std::string(1000, 'd') + "\" [\"";
+  material.Displacement = start + std::string(2000, 's') + "\"]";
+  EXPECT_EQ(Parsed(TextFromMaterial("a", 1, material)).Displacement,
+            start + std::string(990, 's') + "\"]");
+  // The slash that stands for a backslash is no larger.
+  material.Displacement = start + std::string(989, 's') + "\\" + std::string(2000, 's') + "\"]";
+  EXPECT_EQ(Parsed(TextFromMaterial("a", 1, material)).Displacement,
+            start + std::string(989, 's') + "/\"]");
 }
 
 TEST(MaterialText, EmptyTextIsTheDefaultMaterial) {
@@ -223,7 +327,7 @@ TEST(MaterialText, LaterStatementReplacesAnEarlierOne) {
 TEST(MaterialText, ColorIsReadWithTheGammasReciprocal) {
   EXPECT_EQ(Parsed("Color [1 0.251965 0]\n", 2).Diffuse, ON_Color(255, 128, 0));
   EXPECT_EQ(Parsed("color [0,0.2]\n").Diffuse, ON_Color(0, 51, 255));
-  EXPECT_EQ(Parsed("Color [2 -1 nan]\n").Diffuse, ON_Color(255, 0, 0));
+  EXPECT_EQ(Parsed("Color [2 -1 nan]\n").Diffuse, ON_Color(255, 0, 255));
   EXPECT_EQ(Parsed("Color\n").Diffuse, ON_Color(255, 255, 255));
   // What is out of range is no part of the list.
   EXPECT_EQ(Parsed("Color [1e999 0.2 0]\n").Diffuse, ON_Color(51, 0, 255));
@@ -235,7 +339,7 @@ TEST(MaterialText, OpacityIsReadAsTransparency) {
   EXPECT_EQ(Parsed("Opacity 0.25\n").Transparency, 0.75);
   EXPECT_EQ(Parsed("Opacity [2]\n").Transparency, 0);
   EXPECT_EQ(Parsed("Opacity [-2]\n").Transparency, 1);
-  EXPECT_EQ(Parsed("Opacity [nan]\n").Transparency, 1);
+  EXPECT_EQ(Parsed("Opacity [nan]\n").Transparency, 0);
   EXPECT_EQ(Parsed("Opacity []\n").Transparency, 0);
 }
 
@@ -243,7 +347,7 @@ TEST(MaterialText, ShadingRateIsReadAsSamples) {
   EXPECT_EQ(Parsed("ShadingRate 0.3\n").ShadingSamples, 3);
   EXPECT_EQ(Parsed("ShadingRate [0.25]\n").ShadingSamples, 4);
   EXPECT_EQ(Parsed("ShadingRate 0.0001\n").ShadingSamples, 100);
-  EXPECT_EQ(Parsed("ShadingRate nan\n").ShadingSamples, 100);
+  EXPECT_EQ(Parsed("ShadingRate nan\n").ShadingSamples, MaterialAttributes().ShadingSamples);
   EXPECT_EQ(Parsed("ShadingRate 3\n").ShadingSamples, 0);
   EXPECT_EQ(Parsed("ShadingRate 1000\n").ShadingSamples, 0);
 }
@@ -287,6 +391,13 @@ TEST(MaterialText, LongLineGoesOnAsANextOne) {
             "\"S\" " + start + value + "]");
 }
 
+TEST(MaterialText, LeadingTabIsNoBlank) {
+  const MaterialAttributes material =
+      Parsed("Surface \"S\"\n\t\"float A\" [1]\n  \"float B\" [2]\n\tOpacity [0]\n");
+  EXPECT_EQ(material.Surface, "\"S\"");
+  EXPECT_EQ(material.Transparency, 0);
+}
+
 TEST(MaterialText, ZeroByteEndsItsLine) {
   using namespace std::string_view_literals;
   EXPECT_EQ(Parsed("Surface \"S\0T\"\n\"float A\" [1]\n"sv).Surface, "\"S\" \"float A\" [1]");
@@ -296,7 +407,7 @@ TEST(MaterialText, UnbalancedTextsAreClosed) {
   EXPECT_EQ(Parsed("Surface \"S\n\"float A [1]\n").Surface, "\"S\"");
   EXPECT_EQ(Parsed("Surface \"S\"\n\"string A\" [\"b\n\"float B\" 1]2\n").Surface,
             "\"S\" \"string A\" [\"b\"] \"float B\" [12]");
-  EXPECT_EQ(Parsed("Surface S\"T\n").Surface, "\"S'T\"");
+  EXPECT_EQ(Parsed("Surface S\"T\n").Surface, "\"S\\042T\"");
 }
 
 TEST(MaterialFile, ComesBackFromAFile) {

@@ -1,8 +1,8 @@
+#include "shading/param_presets.h"
+
 #include <gtest/gtest.h>
 
 #include <utility>
-
-#include "shading/shader_params.h"
 
 namespace orv {
 namespace {

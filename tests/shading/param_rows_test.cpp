@@ -99,6 +99,19 @@ TEST(ParamGroups, CaseMattersAndTheNextParameterHasToFollow) {
   }
 }
 
+TEST(ParamGroups, NamesOfOneCharacterAreAlikeOnlyWhenTheyAreEqual) {
+  EXPECT_TRUE(Floats({"S", "S"})[0].GroupHead);
+  EXPECT_FALSE(Floats({"S", "s"})[0].GroupHead);
+  EXPECT_FALSE(Floats({"Sp", "S"})[0].GroupHead);
+}
+
+TEST(ParamGroups, EqualNamesAreAGroup) {
+  const auto params = Floats({"Size", "Size", "Size"});
+  EXPECT_THAT(Labels(params), ElementsAre("Size", "   Size", "   Size"));
+  EXPECT_TRUE(params[0].GroupHead);
+  EXPECT_TRUE(params[2].Collapsed);
+}
+
 TEST(ParamGroups, CountCharactersNotBytes) {
   EXPECT_TRUE(Floats({"ÄÖ1", "ÄÖ2"})[0].GroupHead);
   EXPECT_FALSE(Floats({"ÄÖ1", "ÄÜ2"})[0].GroupHead);
@@ -127,6 +140,18 @@ TEST(ParamCaptions, WithoutATextHideBoth) {
     EXPECT_TRUE(param.Collapsed) << param.Name;
   }
   EXPECT_EQ(params[1].Label, "Depth");
+}
+
+// It reads as the label of a row that belongs to a group already.
+TEST(ParamCaptions, ThatBeginWithABlankMakeNoHead) {
+  const auto params =
+      Parsed(R"("string ATweak" [" Bark tone"] "float SpecularColor" [1] "float Specular" [1])");
+  EXPECT_EQ(params[1].Label, "   Color");
+  EXPECT_FALSE(params[1].GroupHead);
+  EXPECT_TRUE(params[1].Collapsed);
+  EXPECT_EQ(params[2].Label, "Specular");
+  EXPECT_FALSE(params[2].Collapsed);
+  EXPECT_EQ(Parsed(R"("string ATweak" [" BarkTone"] "float Depth" [1])")[1].Label, " Bark tone");
 }
 
 TEST(ParamCaptions, TheParameterBehindIsNoCaptionItself) {
@@ -172,6 +197,8 @@ TEST(ParamFlags, FollowTheName) {
   EXPECT_TRUE(param("ReflectionSpace").IsSpace);
   EXPECT_FALSE(param("space").IsSpace);
   EXPECT_TRUE(param("projection").IsProjection);
+  EXPECT_TRUE(Parsed(R"("string Projection" [""])").at(0).IsProjection);
+  EXPECT_TRUE(Parsed(R"("color Space" [1 1 1])").at(0).IsSpace);
   EXPECT_FALSE(param("ProjectionName").IsProjection);
 }
 

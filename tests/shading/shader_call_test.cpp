@@ -162,6 +162,14 @@ TEST(GetFloatParam, GoesOnBehindANumberOutOfRange) {
   EXPECT_EQ(value, 3);
 }
 
+TEST(GetFloatParam, GoesOnBehindANan) {
+  double value = 7;
+  EXPECT_TRUE(GetFloatParam(R"("X" "float A" [nan] "float A" [3])", "A", value));
+  EXPECT_EQ(value, 3);
+  EXPECT_FALSE(GetFloatParam(R"("X" "float A" [-nan])", "A", value));
+  EXPECT_EQ(value, 3);
+}
+
 TEST(GetFloatParam, TakesNoArray) {
   double value = 7;
   EXPECT_FALSE(GetFloatParam(kPlastic, "TextureSizeXY", value));
@@ -193,6 +201,13 @@ TEST(GetColorParam, LeavesAPartThatCannotBeRead) {
   const Rgb rgb = ColorIn("0.25 1e999");
   EXPECT_EQ(rgb.Red, 0.25);
   EXPECT_EQ(rgb.Green, 8);
+  EXPECT_EQ(rgb.Blue, 9);
+}
+
+TEST(GetColorParam, LeavesAPartThatIsANan) {
+  const Rgb rgb = ColorIn("nan 0.5 -nan");
+  EXPECT_EQ(rgb.Red, 7);
+  EXPECT_EQ(rgb.Green, 0.5);
   EXPECT_EQ(rgb.Blue, 9);
 }
 
@@ -243,6 +258,40 @@ TEST(SetColorParam, TakesAnArrayToo) {
   std::string text = R"("X" "color[2] C" [1 1 1 0 0 0])";
   EXPECT_TRUE(SetColorParam(text, "C", {0, 0, 0}));
   EXPECT_EQ(text, R"("X" "color[2] C" [0 0 0])");
+}
+
+TEST(SetParams, SetsEachAsItWouldBeSetAlone) {
+  const std::string before =
+      R"("X" "float[2] A" [1 2] "float A"[3]"string A" "old" "float A" [4] "color[2] C" [1 1 1 0 0 0])"
+      R"( "color C" [1 1 1] "output string A" [""] "string D" ["end)";
+  const std::vector<ParamValue> values = {StringValue("D", "behind"), ColorValue("C", {0, 255, 51}),
+                                          FloatValue("A", 0.5),       StringValue("A", "text"),
+                                          FloatValue("Missing", 1),   StringValue("C", "no color")};
+  std::string oneByOne = before;
+  EXPECT_TRUE(SetStringParam(oneByOne, "D", "behind"));
+  EXPECT_TRUE(SetColorParam(oneByOne, "C", {0, 255, 51}));
+  EXPECT_TRUE(SetFloatParam(oneByOne, "A", 0.5));
+  EXPECT_TRUE(SetStringParam(oneByOne, "A", "text"));
+  std::string text = before;
+  EXPECT_EQ(SetParams(text, values), 4);
+  EXPECT_EQ(text, oneByOne);
+  EXPECT_EQ(
+      text,
+      R"("X" "float[2] A" [1 2] "float A" [0.5]"string A" ["text"] "float A" [4])"
+      R"( "color[2] C" [0 1 0.2] "color C" [1 1 1] "output string A" [""] "string D" ["behind"])");
+}
+
+TEST(SetParams, TheLastOfTwoValuesCounts) {
+  std::string text = R"("X" "float A" [1] "float A" [2])";
+  const std::vector<ParamValue> values = {FloatValue("A", 3), FloatValue("A", 4)};
+  EXPECT_EQ(SetParams(text, values), 1);
+  EXPECT_EQ(text, R"("X" "float A" [4] "float A" [2])");
+}
+
+TEST(SetParams, WithoutValuesNothingChanges) {
+  std::string text(kPlastic);
+  EXPECT_EQ(SetParams(text, {}), 0);
+  EXPECT_EQ(text, kPlastic);
 }
 
 TEST(ShaderCall, NothingIsFoundInAnEmptyText) {

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "shading/call_string.h"
 #include "shading/shader_call.h"
 #include "shading/shader_params.h"
 #include "support/shader_writer.h"
@@ -200,14 +201,50 @@ TEST(ParseShaderFile, CutsATextAtTheEndOfItsField) {
                                              std::string(160, 'v') + "\"]");
 }
 
-TEST(ParseShaderFile, NamesAndTextsStayReadable) {
-  ShaderFile file = ShaderWith({0, "A\"\n", StringBytes("a\"b]\tc")});
-  file.Name = "Gr\xFC\"n";
-  const std::string text = Read(file.Bytes()).CallText;
-  EXPECT_EQ(text, R"("Grün" "string A" ["abc"])");
+TEST(ParseShaderFile, NamesAreLeftWithoutWhatACallCanNotHold) {
+  ShaderFile file = ShaderWith({0, "A\"]\n", StringBytes("")});
+  file.Name = "Gr\xFC\"]n";
+  EXPECT_EQ(Read(file.Bytes()).CallText, R"("Grün" "string A" [""])");
+}
+
+// The text in the call is the one that the file has.
+std::string DefaultOf(const std::string& field) {
   std::string value;
-  EXPECT_TRUE(GetStringParam(text, "A", value));
-  EXPECT_EQ(value, "abc");
+  EXPECT_TRUE(GetStringParam(CallTextWith({0, "A", field}), "A", value));
+  return DecodeCallString(value);
+}
+
+TEST(ParseShaderFile, DefaultTextsAreComplete) {
+  EXPECT_EQ(CallTextWith({0, "A", StringBytes("maps/wood [1].tx")}),
+            R"("X" "string A" ["maps/wood [1\135.tx"])");
+  for (const std::string text :
+       {"maps/wood [1].tx", "a\"b\".tx", "]", "a\tb\n", "Größe.tx", "C:\\maps\\wood.tx"}) {
+    EXPECT_EQ(DefaultOf(StringBytes(text)), text);
+  }
+  EXPECT_EQ(DefaultOf(StringBytes("Gr\xF6\xDF"
+                                  "e \x80.tx")),
+            "Größe €.tx");
+}
+
+TEST(ParseShaderFile, ATextIsCutBetweenCharacters) {
+  const std::string start(158, 'v');
+  EXPECT_EQ(DefaultOf(start + "ö"), start + "ö");
+  EXPECT_EQ(DefaultOf(start + "v\xC3"), start + "v");
+  ShaderFile file;
+  file.Name = "Größe" + std::string(40, 's') + "\xE6";
+  ASSERT_EQ(file.Name.size(), 48);
+  EXPECT_EQ(Read(file.Bytes()).CallText, "\"Größe" + std::string(40, 's') + '"');
+}
+
+// Each byte of the longest text becomes four.
+TEST(ParseShaderFile, TheFullestFileOfTextsIsTaken) {
+  std::string field(160, ']');
+  std::string texts;
+  while (texts.size() + field.size() < 255900) texts += field;
+  const auto count = static_cast<std::uint16_t>(texts.size() / field.size());
+  const Reading reading = Read(ShaderWith({0, "A", texts, count}).Bytes());
+  EXPECT_TRUE(reading.Success);
+  EXPECT_GT(reading.CallText.size(), 1000000);
 }
 
 std::string WithIndex(int index, std::uint16_t length = 1) {
@@ -225,11 +262,27 @@ TEST(ParseShaderFile, TheFirstCellHasTheIndexFifty) {
   EXPECT_EQ(Read(WithIndex(50, 2)).CallText, R"("X" "float[2] A" [1 2])");
 }
 
+// The four bytes in front of the first cell are within the file, so they are taken.
+TEST(ParseShaderFile, AnIndexBelowFiftyLeadsInFrontOfTheValues) {
+  ShaderFileParam param{1, "A", FloatBytes({1})};
+  param.Index = 49;
+  ShaderFile file = ShaderWith(param);
+  file.Words = 1;
+  std::string bytes = file.Bytes();
+  bytes.replace(bytes.size() - 8, 4, FloatBytes({0.75F}));
+  EXPECT_EQ(Read(bytes).CallText, R"("X" "float A" [0.75])");
+}
+
 TEST(ParseShaderFile, RejectsAnIndexOrLengthThatLeadsOutside) {
   for (const int index : {52, 32767, -32768, -20}) ExpectRejected(WithIndex(index));
   ExpectRejected(WithIndex(50, 3));
   ExpectRejected(WithIndex(51, 2));
   ExpectRejected(WithIndex(50, 0xFFFF));
+}
+
+TEST(ParseShaderFile, WithoutValuesAnIndexLeadsNowhere) {
+  for (const int index : {-32768, -20, 49, 52, 32767})
+    EXPECT_EQ(Read(WithIndex(index, 0)).CallText, R"("X" "float A" [])") << index;
 }
 
 TEST(ParseShaderFile, RejectsCountsThatLeadOutside) {

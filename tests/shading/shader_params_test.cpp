@@ -88,6 +88,15 @@ TEST(ParseParamList, ANumberOutOfRangeDoesNotCount) {
   EXPECT_EQ(params[0].Text, "3");
 }
 
+TEST(ParseParamList, ANanDoesNotCount) {
+  const auto params = Parsed(R"("X" "float A" [nan 3] "float B" [nan] "float[2] C" [1 -nan])"
+                             R"( "color D" [1 nan 1])");
+  ASSERT_EQ(params.size(), 1);
+  EXPECT_EQ(params[0].Name, "A");
+  EXPECT_EQ(params[0].Values[0], 3);
+  EXPECT_EQ(params[0].Text, "3");
+}
+
 TEST(ParseParamList, HoldsNumbers) {
   const auto params = Parsed(R"("X" "float[2] A" [1e31 -1e31])");
   ASSERT_EQ(params.size(), 1);

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "shading/shader_file.h"
 #include "support/scoped_environment.h"
+#include "support/shader_writer.h"
 #include "support/temp_folder.h"
 
 namespace orv {
@@ -46,6 +48,18 @@ TEST_F(ResolveShaderPathTest, AddsASeparatorWhereTheFolderHasNone) {
   folder.pop_back();
   const ScopedEnvironment home("ORVHOME", folder);
   EXPECT_EQ(ResolveShaderPath("Own"), WithBackslashes(folder) + "\\usershaders\\Own.slb");
+}
+
+TEST_F(ResolveShaderPathTest, LeadsToAShaderThatCanBeRead) {
+  ShaderFile shader;
+  shader.Name = "Own";
+  WriteFileContent(folder_.Path() / "usershaders" / "Own.slb", shader.Bytes());
+  const ScopedEnvironment home("ORVHOME", Home());
+  std::string callText;
+  std::string kind;
+  EXPECT_TRUE(ReadShaderFile(ResolveShaderPath("Own"), callText, kind));
+  EXPECT_EQ(callText, "\"Own\"");
+  EXPECT_EQ(kind, "Surface");
 }
 
 TEST_F(ResolveShaderPathTest, LeavesTheSlashesOfTheName) {

@@ -190,11 +190,32 @@ TEST_F(TextureConverterTest, MissingImageIsToldOnce) {
 TEST_F(TextureConverterTest, FolderOrHostileNameIsNoImage) {
   using namespace std::string_literals;
   Image("a.jpg");
-  for (const std::string& name : {folder_.Path().string(), folder_.File("a.jpg\0b"s),
-                                  std::string(5000, 'x') + ".jpg", "/dev/null"s}) {
+  for (const std::string& name :
+       {folder_.Path().string(), folder_.File("a.jpg\0b"s), std::string(1000, 'x'), "/dev/null"s}) {
     EXPECT_EQ(Convert(name), name);
     EXPECT_EQ(Told(), "Texture file not found: " + name + "\n");
   }
+}
+
+TEST_F(TextureConverterTest, LongNameIsToldByItsBeginning) {
+  std::string name = std::string(5000, 'x') + ".jpg";
+  EXPECT_EQ(Convert(name), name);
+  EXPECT_EQ(Told(), "Texture file not found: " + std::string(1000, 'x') + "...\n");
+  name = std::string(999, 'y') + "\u00e4.jpg";
+  EXPECT_EQ(Convert(name), name);
+  EXPECT_EQ(Told(), "Texture file not found: " + std::string(999, 'y') + "...\n");
+}
+
+TEST_F(TextureConverterTest, NameThatBeginsWithADashIsNoOption) {
+  Image("-mode.jpg");
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder_.Path());
+  EXPECT_EQ(Convert("-mode.jpg"), "-mode_periodic.tx");
+  std::filesystem::current_path(before);
+  EXPECT_EQ(Told(), "Converted texture to -mode_periodic.tx\n");
+  EXPECT_THAT(bench_.Runs().at(0).command, ElementsAre("mapforge.exe", "-mode", "periodic", "-g",
+                                                       "1", "./-mode.jpg", "./-mode_periodic.tx"));
+  EXPECT_TRUE(std::filesystem::exists(folder_.File("-mode_periodic.tx")));
 }
 
 TEST_F(TextureConverterTest, FailureOfTheConverterIsToldOnce) {

@@ -9,25 +9,33 @@
 
 namespace {
 
-CommandResult TellReplayed(std::string_view verb, const std::optional<std::string>& caption,
-                           bool replayed) {
-  if (!replayed || !caption) {
-    RhinoApp().Print("Nothing to " + std::string(verb) + ".\n");
+// Undo and Redo: what each is called in messages and does.
+struct ReplayRow {
+  std::string_view Name;
+  std::string_view Verb;
+  std::optional<std::string> (CRhinoDoc::*Caption)() const;
+  bool (CRhinoDoc::*Replay)();
+};
+
+constexpr ReplayRow kUndo = {"Undo", "undo", &CRhinoDoc::UndoCaption, &CRhinoDoc::Undo};
+constexpr ReplayRow kRedo = {"Redo", "redo", &CRhinoDoc::RedoCaption, &CRhinoDoc::Redo};
+
+CommandResult RunReplay(const ReplayRow& row, CRhinoDoc& doc) {
+  const std::optional<std::string> caption = (doc.*row.Caption)();
+  if (!caption || !(doc.*row.Replay)()) {
+    RhinoApp().Print("Nothing to " + std::string(row.Verb) + ".\n");
     return CommandResult::nothing;
   }
-  const std::string name = verb == "undo" ? "Undo" : "Redo";
-  RhinoApp().Print(name + ": " + *caption + ".\n");
+  RhinoApp().Print(std::string(row.Name) + ": " + *caption + ".\n");
   return CommandResult::success;
 }
 
 CommandResult RunUndo(CRhinoCommandContext& context) {
-  const std::optional<std::string> caption = context.m_doc.UndoCaption();
-  return TellReplayed("undo", caption, context.m_doc.Undo());
+  return RunReplay(kUndo, context.m_doc);
 }
 
 CommandResult RunRedo(CRhinoCommandContext& context) {
-  const std::optional<std::string> caption = context.m_doc.RedoCaption();
-  return TellReplayed("redo", caption, context.m_doc.Redo());
+  return RunReplay(kRedo, context.m_doc);
 }
 
 // A text by a key; an empty one takes the key away.
@@ -36,15 +44,17 @@ struct UserText {
   std::string Value;
 };
 
-// True when the carrier has changed.
+// False when the carrier is as the text says already.
 bool Apply(const UserText& text, ON_Object& carrier) {
-  if (!text.Value.empty()) {
+  const auto present = carrier.GetUserString(text.Key);
+  if (text.Value.empty()) {
+    if (!present) return false;
+    carrier.m_user_strings.RemoveUserString(text.Key);
+  } else {
+    if (present == text.Value) return false;
     carrier.SetUserString(text.Key, text.Value);
-    return true;
   }
-  const bool had = carrier.GetUserString(text.Key).has_value();
-  carrier.m_user_strings.RemoveUserString(text.Key);
-  return had;
+  return true;
 }
 
 // The texts of a light stand on the light itself, those of other objects on their attributes.
@@ -56,21 +66,6 @@ bool ApplyToObject(const UserText& text, CRhinoDoc& doc, CRhinoObject& object) {
   }
   ON_3dmObjectAttributes attributes = object.Attributes();
   return Apply(text, attributes) && doc.ModifyObjectAttributes(object, attributes);
-}
-
-// The position of the object's material. A layer that has none and gives its objects theirs gets a
-// new one when `make` is true. -1 when there is none.
-int MaterialOf(CRhinoDoc& doc, const CRhinoObject& object, bool make) {
-  const int index = object.ObjectMaterial().MaterialIndex();
-  const int layerIndex = object.Attributes().m_layer_index;
-  const ON_Layer* layer = doc.m_layer_table.At(layerIndex);
-  const bool isOfLayer = object.Attributes().MaterialSource() == ON_AttributeSource::layer;
-  if (index >= 0 || !make || !isOfLayer || layer == nullptr) return index;
-  ON_Layer changed = *layer;
-  changed.SetRenderMaterialIndex(
-      doc.m_material_table.AddMaterial(RhinoApp().AppSettings().DefaultMaterial()));
-  doc.m_layer_table.ModifyLayer(changed, layerIndex);
-  return changed.RenderMaterialIndex();
 }
 
 int SetOnObjects(const UserText& text, CRhinoDoc& doc, const std::vector<CRhinoObject*>& objects) {
@@ -86,7 +81,9 @@ int SetOnMaterials(const UserText& text, CRhinoDoc& doc,
   std::set<int> indices;
   for (const CRhinoObject* object : objects) {
     if (object->ObjectType() == ON_ObjectType::light) continue;
-    const int index = MaterialOf(doc, *object, !text.Value.empty());
+    // Without a text there is nothing for which a layer would need a material.
+    const int index =
+        text.Value.empty() ? object->ObjectMaterial().MaterialIndex() : doc.MaterialToEdit(*object);
     if (index >= 0) indices.insert(index);
   }
   int count = 0;
@@ -97,14 +94,21 @@ int SetOnMaterials(const UserText& text, CRhinoDoc& doc,
   return count;
 }
 
+// What can carry a text: the word of the option, what messages call it, and what sets the text.
 struct CarrierRow {
+  std::string_view Word;
   std::string_view Noun;
   int (*Set)(const UserText&, CRhinoDoc&, const std::vector<CRhinoObject*>&);
 };
 
-constexpr std::array<std::string_view, 2> kCarrierWords = {"Object", "Material"};
 constexpr std::array<CarrierRow, 2> kCarriers = {
-    {{"object", SetOnObjects}, {"material", SetOnMaterials}}};
+    {{"Object", "object", SetOnObjects}, {"Material", "material", SetOnMaterials}}};
+
+std::vector<std::string_view> CarrierWords() {
+  std::vector<std::string_view> words;
+  for (const CarrierRow& row : kCarriers) words.push_back(row.Word);
+  return words;
+}
 
 // Asks for the key and what carries it. What the command gives back when there is no key.
 std::optional<CommandResult> AskForKey(CRhinoCommandContext& context, std::string& key,
@@ -112,7 +116,7 @@ std::optional<CommandResult> AskForKey(CRhinoCommandContext& context, std::strin
   for (;;) {
     CRhinoGetString get(context);
     get.SetCommandPrompt("Key of the text");
-    get.AddCommandOptionList("On", kCarrierWords, &carrier);
+    get.AddCommandOptionList("On", CarrierWords(), &carrier);
     const CRhinoGet::Result result = get.GetString();
     if (result == CRhinoGet::Result::option) continue;
     if (result != CRhinoGet::Result::string) return get.CommandResult();
@@ -153,7 +157,10 @@ std::vector<HostCommand::Row> EditCommands() {
   return {
       {"a62fd96f-a65a-4d54-b1d0-c57819fd4ba9"_uuid, "Undo",
        "Takes back what the last command changed.",
-       "Asks for nothing. Opening and importing a document can't be taken back.\n", RunUndo, false},
+       "Asks for nothing. Takes back edits of objects, layers, materials and lights. Changes of\n"
+       "settings, views, cameras and the selection make no record. Opening and importing can't be\n"
+       "taken back.\n",
+       RunUndo, false},
       {"a2bc5a6d-1fcd-4e5a-9d61-c811647e9167"_uuid, "Redo", "Makes again what Undo took back.",
        "Asks for nothing.\n", RunRedo, false},
       {"8e41b402-13e4-4e4e-ba91-223688e52da1"_uuid, "SetUserText",

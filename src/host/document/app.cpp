@@ -30,6 +30,10 @@ CRhinoApp::CRhinoApp() : profile_(std::string()) {}
 CRhinoApp::~CRhinoApp() = default;
 
 bool CRhinoApp::ReadFile(std::string_view path, ONX_Model& model) {
+  if (watchers_->IsRaising()) {
+    Print("Unable to open " + std::string(path) + " during a change of the open document.\n");
+    return false;
+  }
   const ON_ReadResult result = ON_ReadModel(path, model);
   if (!result.ok) {
     Print("Unable to open " + std::string(path) + ": " + result.error + "\n");

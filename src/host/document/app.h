@@ -40,8 +40,9 @@ class CRhinoApp {
   void SetProfile(host::Profile profile) { profile_ = std::move(profile); }
 
   // Opens a document in place of the open one. False, with a message in the command window and the
-  // old document still open, when nothing can be made of the file. What could be read only in part,
-  // and the kinds that were not read, are told in the command window.
+  // old document still open, when nothing can be made of the file, and while watchers are told of a
+  // change. What could be read only in part, and the kinds that were not read, are told in the
+  // command window.
   [[nodiscard]] bool OpenDocument(std::string_view path);
   // Merges a document into the open one; otherwise as OpenDocument.
   [[nodiscard]] bool ImportDocument(std::string_view path);

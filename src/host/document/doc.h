@@ -40,7 +40,8 @@ class CRhinoDoc {
   CRhinoDoc& operator=(const CRhinoDoc&) = delete;
 
   // Replaces the content by that of `model`, read from `path`. Views that the model lacks are made:
-  // a document always has at least one.
+  // a document always has at least one. Neither this nor ImportModel is called while watchers are
+  // told of a change.
   void SetModel(ONX_Model model, std::string path);
   // Adds the objects, tables and block definitions of `model` to the open ones: layers are matched
   // by their full path, everything else is appended, and what has an id that is taken gets a new
@@ -78,6 +79,10 @@ class CRhinoDoc {
   // Replaces the attributes of an object or light; its id stays. An object that can't be selected
   // any more is deselected. False for an object of another document.
   bool ModifyObjectAttributes(CRhinoObject& object, const ON_3dmObjectAttributes& attributes);
+  // The position of the material to edit for an object. A layer that gives its objects their
+  // material and has none gets a new one, a copy of the host's default material. -1 when there is
+  // none.
+  int MaterialToEdit(const CRhinoObject& object);
   // Objects and lights.
   int SelectedCount() const { return selected_count_; }
 
@@ -136,7 +141,7 @@ class CRhinoDoc {
   bool MayReplay() const;
   void Replay(UndoStates record, bool backwards);
   // After layers or their places have changed.
-  void OnVisibilityChanged();
+  void DeselectUnselectable();
 
   std::string path_;
   int file_version_ = 0;

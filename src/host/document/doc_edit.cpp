@@ -7,10 +7,11 @@
 
 void CRhinoDoc::Change(DocState state) {
   const auto kept = std::make_shared<DocState>(std::move(state));
-  DocStates states(*this);
+  DocStates states(*this, CRhinoTableEvent::added);
   const CRhinoTableEvent event = states.Exchange(*kept);
+  states.Settle();
   undo_.Add(kept);
-  states.Raise(event == CRhinoTableEvent::undeleted ? CRhinoTableEvent::added : event, *kept);
+  states.Raise(event, *kept);
 }
 
 bool CRhinoDoc::ModifyObjectAttributes(CRhinoObject& object,
@@ -20,6 +21,18 @@ bool CRhinoDoc::ModifyObjectAttributes(CRhinoObject& object,
   state.attributes.m_uuid = object.attributes_.m_uuid;
   Change(std::move(state));
   return true;
+}
+
+int CRhinoDoc::MaterialToEdit(const CRhinoObject& object) {
+  const int index = object.ObjectMaterial().MaterialIndex();
+  const int layer_index = object.Attributes().m_layer_index;
+  const ON_Layer* layer = m_layer_table.At(layer_index);
+  const bool is_of_layer = object.Attributes().MaterialSource() == ON_AttributeSource::layer;
+  if (index >= 0 || !is_of_layer || layer == nullptr) return index;
+  ON_Layer changed = *layer;
+  changed.SetRenderMaterialIndex(
+      m_material_table.AddMaterial(RhinoApp().AppSettings().DefaultMaterial()));
+  return m_layer_table.ModifyLayer(changed, layer_index) ? changed.RenderMaterialIndex() : -1;
 }
 
 unsigned CRhinoDoc::BeginUndoRecord(std::string_view caption) {
@@ -49,9 +62,10 @@ bool CRhinoDoc::MayReplay() const {
 // Takes the states by value: what a watcher changes may end the record.
 void CRhinoDoc::Replay(UndoStates record, bool backwards) {
   if (backwards) std::reverse(record.begin(), record.end());
-  DocStates states(*this);
+  DocStates states(*this, CRhinoTableEvent::undeleted);
   std::vector<CRhinoTableEvent> events;
   for (const auto& state : record) events.push_back(states.Exchange(*state));
+  states.Settle();
   for (std::size_t i = 0; i < record.size(); ++i) states.Raise(events[i], *record[i]);
 }
 
@@ -63,8 +77,7 @@ std::optional<std::string> CRhinoDoc::RedoCaption() const {
   return undo_.RedoCaption();
 }
 
-void CRhinoDoc::OnVisibilityChanged() {
-  visible_box_.reset();
+void CRhinoDoc::DeselectUnselectable() {
   if (selected_count_ == 0) return;
   for (const auto* list : {&objects_, &lights_}) {
     for (const auto& object : *list) object->DeselectUnlessSelectable();

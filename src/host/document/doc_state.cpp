@@ -36,7 +36,7 @@ CRhinoTableEvent DocStates::Exchange(MaterialState& state) {
   if (state.material && index == materials.size()) {
     materials.push_back(std::move(*state.material));
     state.material.reset();
-    return CRhinoTableEvent::undeleted;
+    return arrival_;
   }
   if (state.material && index < materials.size()) std::swap(materials[index], *state.material);
   return CRhinoTableEvent::modified;
@@ -45,7 +45,8 @@ CRhinoTableEvent DocStates::Exchange(MaterialState& state) {
 CRhinoTableEvent DocStates::Exchange(LayerState& state) {
   CRhinoLayerTable& table = doc_.m_layer_table;
   if (table.At(state.index) != nullptr && table.Exchange(state.index, state.layer)) {
-    doc_.OnVisibilityChanged();
+    doc_.visible_box_.reset();
+    layers_changed_ = true;
   }
   return CRhinoTableEvent::modified;
 }
@@ -62,9 +63,17 @@ CRhinoTableEvent DocStates::Exchange(AttributesState& state) {
     const bool wasVisible = object->IsVisible();
     std::swap(object->attributes_, state.attributes);
     if (object->IsVisible() != wasVisible) doc_.visible_box_.reset();
-    object->DeselectUnlessSelectable();
+    changed_objects_.push_back(object);
   }
   return CRhinoTableEvent::modified;
+}
+
+void DocStates::Settle() {
+  if (layers_changed_) {
+    doc_.DeselectUnselectable();
+  } else {
+    for (CRhinoObject* object : changed_objects_) object->DeselectUnlessSelectable();
+  }
 }
 
 void DocStates::Raise(CRhinoTableEvent event, const DocState& before) {
@@ -73,28 +82,26 @@ void DocStates::Raise(CRhinoTableEvent event, const DocState& before) {
   });
 }
 
-// A watcher that was called before may have opened another document: nothing is told of what isn't
-// there any more.
+// Layers, lights and objects stay, and no material goes while watchers are told. But a watcher that
+// was called before may have put another material where one was deleted, and all have heard of that
+// one already.
 void DocStates::Tell(CRhinoEventWatcher& watcher, CRhinoTableEvent event,
                      const MaterialState& before) {
   const CRhinoMaterialTable& table = doc_.m_material_table;
-  if (event != CRhinoTableEvent::deleted && table.At(before.index) == nullptr) return;
+  if (event == CRhinoTableEvent::deleted && table.At(before.index) != nullptr) return;
   watcher.MaterialTableEvent(event, table, before.index,
                              before.material ? &*before.material : nullptr);
 }
 
 void DocStates::Tell(CRhinoEventWatcher& watcher, CRhinoTableEvent event,
                      const LayerState& before) {
-  const CRhinoLayerTable& table = doc_.m_layer_table;
-  if (table.At(before.index) == nullptr) return;
-  watcher.LayerTableEvent(event, table, before.index, &before.layer);
+  watcher.LayerTableEvent(event, doc_.m_layer_table, before.index, &before.layer);
 }
 
 void DocStates::Tell(CRhinoEventWatcher& watcher, CRhinoTableEvent event,
                      const LightState& before) {
-  const CRhinoLightTable& table = doc_.m_light_table;
-  if (table.At(before.index) == nullptr) return;
-  watcher.LightTableEvent(event, table, before.index, ON_Light::Cast(before.light.get()));
+  const ON_Light* oldLight = ON_Light::Cast(before.light.get());
+  watcher.LightTableEvent(event, doc_.m_light_table, before.index, oldLight);
 }
 
 void DocStates::Tell(CRhinoEventWatcher& watcher, CRhinoTableEvent, const AttributesState& before) {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 #include <variant>
+#include <vector>
 
 #include "host/document/event_watcher.h"
 #include "host/geometry/on_object_attributes.h"
@@ -44,14 +45,17 @@ DocSubject SubjectOf(const DocState& state);
 std::string_view ChangeCaption(const DocState& state);
 
 // Exchanges states of a document with kept ones: a change, its undoing and its redoing are the same
-// step. What follows from a state (visibility, selection, boxes) is kept right.
+// step. First all states of the step are exchanged, then Settle is called, then Raise for each.
 class DocStates {
  public:
-  explicit DocStates(CRhinoDoc& doc) : doc_(doc) {}
+  // `arrival` is what a material that comes into the table is: added or undeleted.
+  DocStates(CRhinoDoc& doc, CRhinoTableEvent arrival) : doc_(doc), arrival_(arrival) {}
 
-  // Puts `state` into the document and gives back what was there before. A state of a thing that
-  // there isn't changes nothing. A material that comes into the table counts as undeleted.
+  // Puts `state` into the document and gives back in it what was there before. A state of a thing
+  // that there isn't changes nothing.
   CRhinoTableEvent Exchange(DocState& state);
+  // Deselects what can't be selected any more after all exchanges.
+  void Settle();
   // Tells the watchers of a change. `before` is the state that it replaced.
   void Raise(CRhinoTableEvent event, const DocState& before);
 
@@ -66,4 +70,8 @@ class DocStates {
   void Tell(CRhinoEventWatcher& watcher, CRhinoTableEvent event, const AttributesState& before);
 
   CRhinoDoc& doc_;
+  CRhinoTableEvent arrival_;
+  // What Settle looks at: the objects with other attributes or, after layers have changed, all.
+  std::vector<CRhinoObject*> changed_objects_;
+  bool layers_changed_ = false;
 };

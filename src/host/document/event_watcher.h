@@ -20,8 +20,9 @@ enum class CRhinoTableEvent : int { added = 0, deleted = 1, undeleted = 2, modif
 // command, a plug-in, Undo or Redo made them. Loading or importing a document tells nothing.
 //
 // Its operations may edit the document, and register, unregister or destroy any watcher, itself
-// included. An edit that is made in one is told to all watchers before the rest of them hears of
-// the first. A watcher that is registered in one hears of the next event.
+// included. They can't undo or redo, nor open or import a document. An edit that is made in one is
+// told to all watchers before the rest of them hears of the first. A watcher that is registered in
+// one hears of the next event.
 class CRhinoEventWatcher {
  public:
   CRhinoEventWatcher() = default;
@@ -38,7 +39,8 @@ class CRhinoEventWatcher {
   bool IsEnabled() const { return enabled_; }
 
   // The record stands at `index` of the table, unless it is deleted. The old record is what stood
-  // there before; null for one that was added or undeleted. It is valid during the call only.
+  // there before; null for one that was added or undeleted. It is valid during the call only. That
+  // a material was deleted isn't told where another one has been added in its place meanwhile.
   virtual void LayerTableEvent(CRhinoTableEvent /*event*/, const CRhinoLayerTable& /*table*/,
                                int /*index*/, const ON_Layer* /*old_layer*/) {}
   virtual void LightTableEvent(CRhinoTableEvent /*event*/, const CRhinoLightTable& /*table*/,

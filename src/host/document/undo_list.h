@@ -20,7 +20,9 @@ struct UndoRecord {
 };
 
 // What can be undone and redone. Of a thing that a record changes several times, only the first
-// state is kept. When more than kMaxStates are kept, the oldest records are forgotten.
+// state is kept. When the records that can be undone have more than kMaxStates states together, the
+// oldest are forgotten; the newest is kept whatever its size. The open record and those that can be
+// redone aren't counted.
 class UndoList {
  public:
   static constexpr std::size_t kMaxStates = 100000;

@@ -21,15 +21,6 @@ ON_BoundingBox ON_Light::BoundingBox() const {
   return box;
 }
 
-bool ON_Light::IsDirectionalLight() const {
-  return m_style == ON_LightStyle::world_directional ||
-         m_style == ON_LightStyle::camera_directional;
-}
-
-bool ON_Light::IsPointLight() const {
-  return m_style == ON_LightStyle::world_point || m_style == ON_LightStyle::camera_point;
-}
-
 bool ON_Light::IsSpotLight() const {
   return m_style == ON_LightStyle::world_spot || m_style == ON_LightStyle::camera_spot;
 }
@@ -40,9 +31,14 @@ double ON_Light::SpotAngleRadians() const {
 
 double ON_Light::SpotExponent() const {
   constexpr double kLeastHotSpot = 0.015;
+  constexpr double kGreatestExponent = 1e30;
   if (!(m_hotspot >= 0 && m_hotspot <= 1)) return m_spot_exponent;
   if (m_hotspot >= 1 || !(m_spot_angle > 0) || m_spot_angle > 90) return 0;
-  const double cosine = std::cos(std::max(m_hotspot, kLeastHotSpot) * SpotAngleRadians());
-  if (cosine <= 0) return 1;
-  return std::max(0.0, std::log(std::numbers::sqrt2 / 2) / std::log(cosine));
+  // The cosine of a narrow hot spot is too near to 1 for its logarithm, so this goes by how much it
+  // is less than 1.
+  const double halfSine = std::sin(std::max(m_hotspot, kLeastHotSpot) * SpotAngleRadians() / 2);
+  const double missing = 2 * halfSine * halfSine;
+  if (missing >= 1) return 1;
+  const double exponent = std::log(std::numbers::sqrt2 / 2) / std::log1p(-missing);
+  return std::min(exponent, kGreatestExponent);
 }

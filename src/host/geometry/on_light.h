@@ -31,11 +31,7 @@ class ON_Light : public ON_Geometry {
   bool IsEnabled() const { return m_bOn; }
   void Enable(bool enable) { m_bOn = enable; }
   ON_LightStyle Style() const { return m_style; }
-  bool IsDirectionalLight() const;
-  bool IsPointLight() const;
   bool IsSpotLight() const;
-  bool IsLinearLight() const { return m_style == ON_LightStyle::world_linear; }
-  bool IsRectangularLight() const { return m_style == ON_LightStyle::world_rectangular; }
   // In world coordinates; the corner of a rectangular light.
   const ON_3dPoint& Location() const { return m_location; }
   const ON_3dVector& Direction() const { return m_direction; }
@@ -51,7 +47,7 @@ class ON_Light : public ON_Geometry {
   double SpotAngleRadians() const;
   // How fast a spot's light fades off its axis. A light with a hot spot h (a fraction of the spot's
   // angle a) gives the exponent e for which cos(h a)^e is the square root of a half; h counts as at
-  // least 0.015, and a hot spot as wide as the spot gives 0.
+  // least 0.015, and e as at most 1e30. A hot spot as wide as the spot gives 0.
   double SpotExponent() const;
   // The position in the document's light table; -1 for a light that is in none.
   int LightIndex() const { return m_light_index; }

@@ -1,9 +1,5 @@
 #include "host/geometry/on_plane_surface.h"
 
-const ON_PlaneSurface* ON_PlaneSurface::Cast(const ON_Object* object) {
-  return dynamic_cast<const ON_PlaneSurface*>(object);
-}
-
 ON_BoundingBox ON_PlaneSurface::BoundingBox() const {
   ON_BoundingBox box;
   for (const double x : {m_extents[0].Min, m_extents[0].Max}) {

@@ -8,8 +8,6 @@
 // A rectangle in a plane.
 class ON_PlaneSurface : public ON_Geometry {
  public:
-  static const ON_PlaneSurface* Cast(const ON_Object* object);
-
   ON_ObjectType ObjectType() const override { return ON_ObjectType::surface; }
   ON_BoundingBox BoundingBox() const override;
   bool HasBrepForm() const override { return true; }

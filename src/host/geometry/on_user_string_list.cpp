@@ -6,11 +6,14 @@
 
 namespace {
 
+bool HasKey(const ON_UserString& entry, std::string_view key) {
+  return host::EqualNoCase(entry.m_key, key);
+}
+
 template <class Entries>
 auto FindKey(Entries& entries, std::string_view key) {
-  return std::find_if(entries.begin(), entries.end(), [key](const ON_UserString& entry) {
-    return host::EqualNoCase(entry.m_key, key);
-  });
+  return std::find_if(entries.begin(), entries.end(),
+                      [key](const ON_UserString& entry) { return HasKey(entry, key); });
 }
 
 }  // namespace
@@ -31,6 +34,5 @@ void ON_UserStringList::SetUserString(std::string_view key, std::string_view val
 }
 
 void ON_UserStringList::RemoveUserString(std::string_view key) {
-  const auto entry = FindKey(m_e, key);
-  if (entry != m_e.end()) m_e.erase(entry);
+  std::erase_if(m_e, [key](const ON_UserString& entry) { return HasKey(entry, key); });
 }

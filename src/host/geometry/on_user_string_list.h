@@ -16,9 +16,9 @@ class ON_UserStringList {
  public:
   // The value of the first entry with `key`; nothing when there is none.
   std::optional<std::string_view> GetUserString(std::string_view key) const;
-  // Replaces the value of the entry with `key`, or appends one. An empty value is a value.
+  // Replaces the value of the first entry with `key`, or appends one. An empty value is a value.
   void SetUserString(std::string_view key, std::string_view value);
-  // Removes the entry with `key`, if there is one.
+  // Removes every entry with `key`.
   void RemoveUserString(std::string_view key);
 
   bool IsEmpty() const { return m_e.empty(); }

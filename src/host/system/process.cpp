@@ -7,10 +7,13 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
+#include <mutex>
 #include <optional>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include "host/system/environment.h"
 #include "host/system/file.h"
@@ -49,33 +52,40 @@ std::vector<std::string> SearchFolders() {
   return folders;
 }
 
-std::optional<std::string> FindProgram(const std::string& name) {
-  if (name.empty()) return std::nullopt;
+// Adds the files that may be the program, in the order of the search path.
+void FindProgram(const std::string& name, std::vector<std::string>& files) {
+  if (name.empty()) return;
   if (name.find_first_of("/\\") != std::string::npos) {
-    return IsProgram(name) ? std::optional(name) : std::nullopt;
+    if (IsProgram(name)) files.push_back(name);
+    return;
   }
   for (const std::string& folder : SearchFolders()) {
     std::string path = AppendPath(folder, name);
-    if (IsProgram(path)) return path;
+    if (IsProgram(path)) files.push_back(std::move(path));
   }
-  return std::nullopt;
 }
 
-// The program's file; a relative name counts from this program's folder, not from the one in which
-// the program is started. Empty when there is none.
-std::string ProgramFile(const std::string& name) {
-  std::optional<std::string> found = FindProgram(name);
-  if (!found) {
-    PathParts parts = SplitPath(name);
-    if (EqualNoCase(parts.Extension, ".exe")) {
-      parts.Extension.clear();
-      found = FindProgram(JoinPath(parts));
-    }
+// The files that may be the program, the best one first; a relative name counts from this program's
+// folder, not from the one in which the program is started.
+std::vector<std::string> ProgramFiles(const std::string& name) {
+  std::vector<std::string> files;
+  FindProgram(name, files);
+  PathParts parts = SplitPath(name);
+  if (EqualNoCase(parts.Extension, ".exe")) {
+    parts.Extension.clear();
+    FindProgram(JoinPath(parts), files);
   }
-  if (!found) return {};
-  std::error_code failure;
-  const std::filesystem::path file = std::filesystem::absolute(NativePath(*found), failure);
-  return failure ? std::string() : file.string();
+  for (std::string& file : files) {
+    std::error_code failure;
+    const std::filesystem::path path = std::filesystem::absolute(NativePath(file), failure);
+    file = failure ? std::string() : path.string();
+  }
+  return files;
+}
+
+// True when the system doesn't take the file for a program, so that another one may be.
+bool IsNoProgram(int error) {
+  return error == ENOEXEC || error == EACCES || error == ENOENT;
 }
 
 // What is done in a new process before its program begins.
@@ -86,7 +96,9 @@ class Preparation {
   Preparation(const Preparation&) = delete;
   Preparation& operator=(const Preparation&) = delete;
 
-  std::optional<pid_t> Start(const std::string& file, const std::vector<std::string>& arguments);
+  // Starts the first of the files that is a program.
+  std::optional<pid_t> Start(const std::vector<std::string>& files,
+                             const std::vector<std::string>& arguments) const;
 
  private:
   void OpenNothing(int descriptor, int mode);
@@ -132,19 +144,22 @@ void Preparation::OpenNothing(int descriptor, int mode) {
   Check(posix_spawn_file_actions_addopen(&files_, descriptor, "/dev/null", mode, 0));
 }
 
-std::optional<pid_t> Preparation::Start(const std::string& file,
-                                        const std::vector<std::string>& arguments) {
+std::optional<pid_t> Preparation::Start(const std::vector<std::string>& files,
+                                        const std::vector<std::string>& arguments) const {
+  if (failed_) return std::nullopt;
   std::vector<std::string> texts = arguments;
   std::vector<char*> words;
   words.reserve(texts.size() + 1);
   for (std::string& text : texts) words.push_back(text.data());
   words.push_back(nullptr);
-  pid_t process = -1;
-  if (failed_ ||
-      posix_spawn(&process, file.c_str(), &files_, &attributes_, words.data(), environ) != 0) {
-    return std::nullopt;
+  for (const std::string& file : files) {
+    pid_t process = -1;
+    const int error =
+        posix_spawn(&process, file.c_str(), &files_, &attributes_, words.data(), environ);
+    if (error == 0) return process;
+    if (!IsNoProgram(error)) break;
   }
-  return process;
+  return std::nullopt;
 }
 
 // The process stays to be reaped: until then its number, and that of its group, is no other's.
@@ -175,6 +190,30 @@ void TerminateGroup(pid_t process) {
   WaitForEnd(process, kForcedEnd, never);
 }
 
+// Processes that were ended by force and aren't gone yet: they are reaped later, when they are.
+class Leftovers {
+ public:
+  void Add(pid_t process) {
+    const std::lock_guard lock(mutex_);
+    processes_.push_back(process);
+  }
+  void Reap() {
+    const std::lock_guard lock(mutex_);
+    std::erase_if(processes_,
+                  [](pid_t process) { return waitpid(process, nullptr, WNOHANG) != 0; });
+  }
+
+ private:
+  std::mutex mutex_;
+  std::vector<pid_t> processes_;
+};
+
+// Children are those of the whole program, and so is what is left of them.
+Leftovers& ProcessLeftovers() {
+  static Leftovers leftovers;
+  return leftovers;
+}
+
 }  // namespace
 
 bool RunProcess(const ProcessStart& start, milliseconds limit) {
@@ -183,12 +222,12 @@ bool RunProcess(const ProcessStart& start, milliseconds limit) {
       HasZeroByte(start.Folder) || InterruptRequested()) {
     return false;
   }
-  const std::string file = ProgramFile(arguments[0]);
-  if (file.empty()) return false;
-  const std::optional<pid_t> process = Preparation(start).Start(file, arguments);
+  ProcessLeftovers().Reap();
+  const std::optional<pid_t> process =
+      Preparation(start).Start(ProgramFiles(arguments[0]), arguments);
   if (!process) return false;
   if (!WaitForEnd(*process, limit, InterruptRequested)) TerminateGroup(*process);
-  waitpid(*process, nullptr, WNOHANG);
+  if (waitpid(*process, nullptr, WNOHANG) == 0) ProcessLeftovers().Add(*process);
   return true;
 }
 

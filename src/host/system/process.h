@@ -10,7 +10,8 @@ namespace host {
 struct ProcessStart {
   // The program and its arguments, each as it stands: there is no shell in between. A program
   // without a folder in its name is looked for along the search path; "name.exe" is found as
-  // "name", too, where nothing has the longer name.
+  // "name", too, where nothing has the longer name. A file that the system refuses to run is passed
+  // over.
   std::vector<std::string> Arguments;
   // The process's current folder; empty means that of this program.
   std::string Folder;

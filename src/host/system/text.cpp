@@ -195,6 +195,14 @@ std::string FoldedCase(std::string_view text) {
   return folded;
 }
 
+bool Contains(std::string_view text, std::string_view part) {
+  return text.find(part) != std::string_view::npos;
+}
+
+bool IsControl(char c) {
+  return (c >= 0 && c < ' ') || c == '\x7f';
+}
+
 std::string_view Trimmed(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n";
   const std::size_t first = text.find_first_not_of(kBlanks);

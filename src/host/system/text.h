@@ -28,6 +28,11 @@ bool StartsWithNoCase(std::string_view text, std::string_view prefix);
 // bytes stay as they are.
 std::string FoldedCase(std::string_view text);
 
+bool Contains(std::string_view text, std::string_view part);
+
+// The control characters of ASCII: those before the blank, and the delete.
+bool IsControl(char c);
+
 // `text` without blanks, tabs and line ends at both ends.
 std::string_view Trimmed(std::string_view text);
 

@@ -139,6 +139,30 @@ TEST_F(HostEditCommandsTest, AnEmptyTextRemovesTheKey) {
   EXPECT_EQ(ObjectText(0, "OrvArchive"), "a");
 }
 
+TEST_F(HostEditCommandsTest, AKeyThatStandsTwiceIsRemovedWhole) {
+  ONX_Model model = SampleModel();
+  model.m_object_table[2].m_attributes.m_user_strings.m_e = {
+      {"OrvArchive", "a.rib"}, {"OrvBackFace", "No"}, {"orvarchive", "b.rib"}};
+  Doc().SetModel(std::move(model), "sample.3dm");
+  EXPECT_EQ(Run("SelName Roof SetUserText OrvArchive Enter"), CommandResult::success);
+  EXPECT_THAT(told_, EndsWith("OrvArchive removed from 1 object.\n"));
+  EXPECT_EQ(ObjectText(2, "OrvArchive"), std::nullopt);
+  EXPECT_EQ(ObjectText(2, "OrvBackFace"), "No");
+}
+
+TEST_F(HostEditCommandsTest, SettingTheSameTextAgainChangesNothing) {
+  EXPECT_EQ(Run("SelName Wall SetUserText OrvArchive a"), CommandResult::success);
+  EXPECT_EQ(Run("SetUserText orvarchive a"), CommandResult::nothing);
+  EXPECT_EQ(told_, "orvarchive set on 0 objects.\n");
+  EXPECT_EQ(Run("SelName Roof SetUserText OrvArchive a"), CommandResult::success);
+  EXPECT_THAT(told_, EndsWith("OrvArchive set on 1 object.\n"));
+  EXPECT_EQ(Run("SetUserText On=Material OrvSurface x"), CommandResult::success);
+  EXPECT_EQ(Run("SetUserText On=Material OrvSurface x"), CommandResult::nothing);
+  EXPECT_EQ(Run("Undo Undo Undo"), CommandResult::success);
+  EXPECT_EQ(ObjectText(0, "OrvArchive"), std::nullopt);
+  EXPECT_FALSE(Doc().UndoCaption());
+}
+
 TEST_F(HostEditCommandsTest, SetUserTextSetsOnMaterialsOnce) {
   EXPECT_EQ(Run("SelLayer House SetUserText On=Material OrvSurface \"\"\"plastic\"\" 1\""),
             CommandResult::success);

@@ -200,21 +200,42 @@ TEST_F(EventWatcherTest, NothingIsUndoneInAnEvent) {
   EXPECT_EQ(doc_.m_material_table.At(0)->m_name, "b");
 }
 
-TEST_F(EventWatcherTest, MayOpenADocumentInAnEvent) {
+// Both watchers have heard of the new material 2, so neither hears any more that the old one went.
+TEST_F(EventWatcherTest, ADeletionIsNotToldWhereAnotherMaterialStandsMeanwhile) {
+  const unsigned record = doc_.BeginUndoRecord("Add");
+  for (const char* name : {"glass", "steel"}) {
+    ON_Material material;
+    material.m_name = name;
+    doc_.m_material_table.AddMaterial(material);
+  }
+  EXPECT_TRUE(doc_.EndUndoRecord(record));
   NotingWatcher first;
   NotingWatcher second;
-  first.m_on_event = [&] { doc_.SetModel({}, ""); };
-  Rename(Object(2), "Door");
-  EXPECT_THAT(second.Take(), IsEmpty());
-  doc_.SetModel(Model(), "");
-  first.m_on_event = [&] { doc_.SetModel({}, ""); };
-  SetVisible(kGarden, false);
-  EXPECT_THAT(second.Take(), IsEmpty());
-  doc_.SetModel(Model(), "");
-  first.m_on_event = [&] { doc_.SetModel({}, ""); };
-  SetIntensity(1, 0.5);
-  EXPECT_THAT(second.Take(), IsEmpty());
-  EXPECT_FALSE(doc_.Undo());
+  ON_Material ash;
+  ash.m_name = "ash";
+  first.m_on_event = [&] { doc_.m_material_table.AddMaterial(ash); };
+  EXPECT_TRUE(doc_.Undo());
+  EXPECT_THAT(MaterialNames(), ElementsAre("brick", "oak", "ash"));
+  EXPECT_THAT(first.Take(),
+              ElementsAre("material 3 event 1: steel > none", "material 2 event 0: none > ash"));
+  EXPECT_THAT(second.Take(),
+              ElementsAre("material 2 event 0: none > ash", "material 3 event 1: steel > none"));
+}
+
+TEST_F(EventWatcherTest, NoDocumentIsOpenedOrImportedInAnEvent) {
+  std::string told;
+  RhinoApp().CommandWindow().SetSink([&](std::string_view text) { told += text; });
+  NotingWatcher watcher;
+  bool opened = false;
+  watcher.m_on_event = [&] {
+    opened = RhinoApp().OpenDocument("a.3dm") || RhinoApp().ImportDocument("b.3dm");
+  };
+  Rename(0, "slate");
+  RhinoApp().CommandWindow().SetSink({});
+  EXPECT_FALSE(opened);
+  EXPECT_EQ(told,
+            "Unable to open a.3dm during a change of the open document.\n"
+            "Unable to open b.3dm during a change of the open document.\n");
 }
 
 }  // namespace

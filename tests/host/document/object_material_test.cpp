@@ -68,4 +68,33 @@ TEST(DefaultMaterial, IsWhiteOpaqueAndDull) {
   EXPECT_EQ(material.MaterialIndex(), -1);
 }
 
+TEST_F(ObjectMaterialTest, ToEditIsTheOneThatTheObjectHas) {
+  SetLayerMaterial(kHouse, 1);
+  EXPECT_EQ(doc_.MaterialToEdit(Object(0)), 1);
+  SetSource(Object(0), ON_AttributeSource::object, 0);
+  EXPECT_EQ(doc_.MaterialToEdit(Object(0)), 0);
+  EXPECT_EQ(doc_.m_material_table.Count(), 2);
+}
+
+TEST_F(ObjectMaterialTest, ToEditIsMadeForALayerThatHasNone) {
+  for (const int present : {-1, 99}) {
+    SetLayerMaterial(kHouse, present);
+    const int made = doc_.m_material_table.Count();
+    EXPECT_EQ(doc_.MaterialToEdit(Object(0)), made);
+    EXPECT_EQ(LayerAt(kHouse).RenderMaterialIndex(), made);
+    EXPECT_EQ(doc_.MaterialToEdit(Object(0)), made);
+    EXPECT_EQ(doc_.m_material_table.Count(), made + 1);
+  }
+}
+
+TEST_F(ObjectMaterialTest, ToEditIsNoneWhereNothingCouldBeMadeForALayer) {
+  SetSource(Object(0), ON_AttributeSource::object, -1);
+  EXPECT_EQ(doc_.MaterialToEdit(Object(0)), -1);
+  ON_3dmObjectAttributes attributes;
+  attributes.m_layer_index = 9;
+  EXPECT_TRUE(doc_.ModifyObjectAttributes(Object(0), attributes));
+  EXPECT_EQ(doc_.MaterialToEdit(Object(0)), -1);
+  EXPECT_EQ(doc_.m_material_table.Count(), 2);
+}
+
 }  // namespace

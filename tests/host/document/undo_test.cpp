@@ -177,6 +177,41 @@ TEST_F(UndoTest, UndoingAHideShowsAndDoesNotSelect) {
   EXPECT_EQ(doc_.SelectedCount(), 0);
 }
 
+// In between, the object would stand on a layer that is off.
+TEST_F(UndoTest, WhatCanBeSelectedBeforeAndAfterStaysSelected) {
+  EXPECT_TRUE(Object(0).Select());
+  const unsigned record = doc_.BeginUndoRecord("Move");
+  ON_Layer house = LayerAt(kHouse);
+  house.m_name = "Villa";
+  EXPECT_TRUE(doc_.m_layer_table.ModifyLayer(house, kHouse));
+  ON_3dmObjectAttributes attributes = Object(0).Attributes();
+  attributes.m_layer_index = kGarden;
+  EXPECT_TRUE(doc_.ModifyObjectAttributes(Object(0), attributes));
+  SetVisible(kHouse, false);
+  EXPECT_TRUE(doc_.EndUndoRecord(record));
+  ASSERT_TRUE(Object(0).IsSelected());
+
+  ASSERT_TRUE(doc_.Undo());
+  EXPECT_EQ(doc_.m_layer_table.FullPath(kHouse), "House");
+  EXPECT_EQ(Object(0).Attributes().m_layer_index, kHouse);
+  EXPECT_TRUE(Object(0).IsSelected());
+  ASSERT_TRUE(doc_.Redo());
+  EXPECT_EQ(Object(0).Attributes().m_layer_index, kGarden);
+  EXPECT_TRUE(Object(0).IsSelected());
+  EXPECT_EQ(doc_.SelectedCount(), 1);
+}
+
+TEST_F(UndoTest, WhatCanNotBeSelectedAfterwardsIsDeselected) {
+  SetVisible(kGarden, false);
+  SetVisible(kGarden, true);
+  EXPECT_TRUE(Object(0).Select());
+  EXPECT_TRUE(Object(2).Select());
+  EXPECT_TRUE(doc_.Undo());
+  EXPECT_FALSE(Object(2).IsSelected());
+  EXPECT_TRUE(Object(0).IsSelected());
+  EXPECT_EQ(doc_.SelectedCount(), 1);
+}
+
 TEST_F(UndoTest, ObjectsKeepTheirOrderAndSerialNumbers) {
   const unsigned number = Object(0).RuntimeSerialNumber();
   Rename(Object(0), "Door");

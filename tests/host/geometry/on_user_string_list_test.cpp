@@ -33,13 +33,21 @@ TEST(UserStringList, AnEmptyValueIsAValue) {
   EXPECT_EQ(list.GetUserString(""), std::nullopt);
 }
 
-TEST(UserStringList, RemovesOneEntry) {
+TEST(UserStringList, RemovesTheEntryOfAKey) {
   ON_UserStringList list;
   list.SetUserString("a", "1");
   list.SetUserString("b", "2");
   list.RemoveUserString("A");
   list.RemoveUserString("none");
   EXPECT_EQ(list.m_e, (std::vector<ON_UserString>{{"b", "2"}}));
+}
+
+TEST(UserStringList, RemovesAllEntriesOfAKeyThatStandsTwice) {
+  ON_UserStringList list;
+  list.m_e = {{"a", "1"}, {"b", "2"}, {"A", "3"}};
+  list.RemoveUserString("a");
+  EXPECT_EQ(list.m_e, (std::vector<ON_UserString>{{"b", "2"}}));
+  EXPECT_EQ(list.GetUserString("a"), std::nullopt);
 }
 
 TEST(UserStringList, OfAKeyThatStandsTwiceTheFirstCounts) {

@@ -1,4 +1,5 @@
 #include <signal.h>
+#include <sys/ptrace.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -154,6 +155,28 @@ TEST_F(ProcessTest, OtherChildrenAreLeftAlone) {
   int status = 0;
   EXPECT_EQ(waitpid(other, &status, 0), other);
   EXPECT_EQ(WEXITSTATUS(status), 7);
+}
+
+// Traces the first process of the bench and doesn't look at it any more, so that its parent doesn't
+// learn of its end before that of the tracer.
+[[noreturn]] void TraceFirstRun(const ToolBench& bench) {
+  while (bench.Runs().empty()) std::this_thread::sleep_for(milliseconds(2));
+  if (ptrace(PTRACE_SEIZE, bench.Runs()[0].process, nullptr, nullptr) != 0) _exit(1);
+  for (;;) pause();
+}
+
+TEST_F(ProcessTest, AProcessThatOutlivesItsEndIsReapedLater) {
+  const ToolBench bench("hang");
+  const pid_t tracer = fork();
+  if (tracer == 0) TraceFirstRun(bench);
+  EXPECT_TRUE(host::RunProcess({Conversion(), "", true}, kShort));
+  if (waitpid(tracer, nullptr, WNOHANG) != 0) GTEST_SKIP() << "no process may be traced here";
+  EXPECT_FALSE(IsGone(bench.Runs().at(0).process));
+  kill(tracer, SIGKILL);
+  ASSERT_EQ(waitpid(tracer, nullptr, 0), tracer);
+  EXPECT_FALSE(host::RunProcess({{"no such program"}, "", true}, kLong));
+  EXPECT_TRUE(IsGone(bench.Runs().at(0).process));
+  ExpectNoChild();
 }
 
 TEST_F(ProcessTest, AHostThatReapsItsChildrenItselfIsNoObstacle) {

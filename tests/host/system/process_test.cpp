@@ -58,6 +58,19 @@ TEST_F(ProcessTest, AFileThatHasTheExtensionGoesBeforeOneThatLacksIt) {
   EXPECT_THAT(bench.Runs(), IsEmpty());
 }
 
+TEST_F(ProcessTest, AFileThatTheSystemRefusesToRunIsPassedOver) {
+  const ToolBench bench;
+  const ScopedEnvironment path("PATH", folder_.Path().string() + ":" + ToolBench::Folder());
+  for (const char* name : {"mapforge", "mapforge.exe"}) {
+    for (const char* text : {"no program", "", "#!/no/such/interpreter\n"}) {
+      WriteScript(folder_.File(name), text);
+      EXPECT_TRUE(host::RunProcess({Conversion(), "", true}, kLong)) << name << text;
+      EXPECT_EQ(bench.Runs().back().command[0], "mapforge.exe");
+    }
+  }
+  EXPECT_EQ(bench.Runs().size(), 6u);
+}
+
 TEST_F(ProcessTest, AFolderInTheNameNeedsNoSearchPath) {
   const ToolBench bench;
   const ScopedEnvironment path("PATH", std::nullopt);

@@ -101,6 +101,20 @@ TEST(Text, FindsAPrefixWithoutRegardToCase) {
   EXPECT_FALSE(StartsWithNoCase("OrvRender", "OrvE"));
 }
 
+TEST(Text, ContainsAPart) {
+  EXPECT_TRUE(Contains("Rotate", "tat"));
+  EXPECT_TRUE(Contains("Rotate", ""));
+  EXPECT_TRUE(Contains("", ""));
+  EXPECT_FALSE(Contains("Rotate", "rot"));
+  EXPECT_FALSE(Contains("", "a"));
+}
+
+TEST(Text, ControlCharactersAreThoseOfAscii) {
+  for (int byte = 0; byte < 256; ++byte) {
+    EXPECT_EQ(IsControl(static_cast<char>(byte)), byte < 0x20 || byte == 0x7F) << byte;
+  }
+}
+
 TEST(Text, TrimsBlanksTabsAndLineEnds) {
   EXPECT_EQ(Trimmed("  Key = value \t\r\n"), "Key = value");
   EXPECT_EQ(Trimmed(" \t\r\n"), "");

@@ -1,4 +1,4 @@
-#include "shading/text_line.h"
+#include "settings/text_line.h"
 
 #include <gmock/gmock.h>
 
@@ -32,6 +32,19 @@ TEST(TextLine, LongOneGoesOnAsANextOne) {
   EXPECT_THAT(Lines(start + "ab\nc"), ElementsAre(start + "a", "b", "c"));
   EXPECT_THAT(Lines(start + "\u00e9\nc"), ElementsAre(start, "\u00e9", "c"));
   EXPECT_THAT(Lines(start + "\nc"), ElementsAre(start, "c"));
+}
+
+TEST(TextLine, ItsEndDoesNotCount) {
+  const std::string longest(1999, 'v');
+  for (const std::string end : {"\n", "\r\n"}) {
+    EXPECT_THAT(Lines(longest + end + "c"), ElementsAre(longest, "c"));
+    EXPECT_THAT(Lines(longest + end + end + "c"), ElementsAre(longest, "", "c"));
+    EXPECT_THAT(Lines(longest + "x" + end + "c"), ElementsAre(longest, "x", "c"));
+  }
+}
+
+TEST(TextLine, OnlyACarriageReturnBeforeItsEndBelongsToTheEnd) {
+  EXPECT_THAT(Lines("a\r\r\nb\0\r\nc"sv), ElementsAre("a\r", "b", "c"));
 }
 
 }  // namespace
