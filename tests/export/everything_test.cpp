@@ -6,6 +6,7 @@
 
 #include "export_fixture.h"
 #include "host/geometry/on_plane_surface.h"
+#include "light_fixture.h"
 #include "support/rib_checker.h"
 #include "tools/tool_bench.h"
 
@@ -14,9 +15,7 @@
 
 namespace {
 
-using Strings = std::vector<std::pair<std::string_view, std::string_view>>;
-
-void SetStrings(ON_Object& carrier, const Strings& strings) {
+void SetStrings(ON_Object& carrier, UserStrings strings) {
   for (const auto& [key, value] : strings) carrier.SetUserString(key, value);
 }
 
@@ -27,18 +26,10 @@ ON_Texture Texture(ON_Texture::Type type, std::string file) {
   return texture;
 }
 
-ONX_ModelLight Light(ON_LightStyle style, std::string_view name, const Strings& strings) {
-  ONX_ModelLight light;
+ONX_ModelLight Light(ON_LightStyle style, std::string_view name, UserStrings strings) {
+  ONX_ModelLight light = WithStrings(LightOf(style), strings);
   light.m_attributes.m_name = name;
-  light.m_light = std::make_shared<ON_Light>();
-  light.m_light->m_style = style;
-  light.m_light->m_location = {1, 2, 10};
-  light.m_light->m_direction = {0, 0, -5};
-  light.m_light->m_length = {2, 0, 0};
-  light.m_light->m_width = {0, 3, 0};
-  light.m_light->m_diffuse = {255, 128, 64};
   light.m_light->m_shadow_intensity = 0.5;
-  SetStrings(*light.m_light, strings);
   return light;
 }
 
@@ -94,7 +85,7 @@ class EverythingTest : public ExportTest {
   }
 
   void AddObject(int material, std::string_view name, std::vector<int> groups,
-                 const Strings& strings) {
+                 UserStrings strings) {
     ONX_ModelObject& object =
         model_.m_object_table.emplace_back(ObjectOf(SquareMesh(static_cast<float>(material))));
     object.m_attributes.m_name = name;
@@ -148,8 +139,6 @@ class EverythingTest : public ExportTest {
         Light(ON_LightStyle::ambient, "ambient", {}),
         Light(ON_LightStyle::world_point, "off", {{"OrvLightChannel", "7"}}),
     };
-    model_.m_light_table[0].m_light->m_spot_angle = 30;
-    model_.m_light_table[0].m_light->m_spot_exponent = 16;
     model_.m_light_table.back().m_light->m_bOn = false;
   }
 

