@@ -16,7 +16,7 @@ bool IsValidPoint(const ON_4dPoint& p) {
 // One step of de Boor's scheme for the span whose first knot is `knots[0]`: the points of a column
 // of `count` become those of the next one, which has one less.
 void Step(std::span<const double> knots, int degree, int count, double t, Column& column) {
-  const std::size_t step = static_cast<std::size_t>(degree - count + 1);
+  const std::size_t step = static_cast<std::size_t>(degree) + 1 - static_cast<std::size_t>(count);
   const std::size_t length = static_cast<std::size_t>(degree);
   for (std::size_t i = 0; i + 1 < static_cast<std::size_t>(count); ++i) {
     const double a = knots[i + step];

@@ -2,7 +2,8 @@
 
 #include <cmath>
 
-// Points and vectors, double and single precision. No operation checks for unset values.
+// Points and vectors, double and single precision. No operation but IsValid checks for unset
+// values.
 
 // The number that stands for "no value" in documents.
 inline constexpr double ON_UNSET_VALUE = -1.23432101234321e+308;

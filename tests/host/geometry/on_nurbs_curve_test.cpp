@@ -52,6 +52,18 @@ TEST(NurbsCurve, WeightsPullTowardsTheirPoint) {
   EXPECT_EQ(curve.BoundingBox().m_max, (ON_3dPoint{2, 2, 0}));
 }
 
+// Half a circle in one span: its middle control point is infinitely far away.
+TEST(NurbsCurve, AnInnerWeightMayBeZero) {
+  ON_NurbsCurve curve;
+  curve.Create(3, {0, 0, 1, 1}, {{1, 0, 0, 1}, {0, 1, 0, 0}, {-1, 0, 0, 1}}, true);
+  EXPECT_TRUE(curve.IsValid());
+  for (int i = 0; i <= 100; ++i) {
+    const ON_3dPoint p = curve.PointAt(i / 100.0);
+    EXPECT_NEAR(std::hypot(p.x, p.y), 1, 1e-14);
+  }
+  EXPECT_NEAR(LengthOf(curve), std::numbers::pi, 1e-8);
+}
+
 TEST(NurbsCurve, AnUnclampedOneClosesSmoothly) {
   const ON_NurbsCurve curve = PeriodicCubic();
   EXPECT_TRUE(curve.IsValid());
