@@ -2,9 +2,14 @@
 #include <string>
 
 #include "host/archive/model.h"
+#include "host/geometry/on_arc_curve.h"
+#include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_mesh.h"
+#include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
+#include "host/geometry/on_poly_curve.h"
+#include "host/geometry/on_polyline_curve.h"
 #include "host/system/file.h"
 #include "host/system/path.h"
 #include "support/model_writer.h"
@@ -63,6 +68,38 @@ void AddObject(ONX_Model& model, std::shared_ptr<ON_Geometry> geometry) {
   object.m_attributes.SetUserString("key", "value");
 }
 
+ON_NurbsCurve SmallNurbsCurve() {
+  ON_NurbsCurve curve;
+  curve.Create(3, {0, 0, 1, 2, 2}, {{0, 0, 0, 1}, {1, 1, 0, 2}, {2, 0, 1, 0.5}, {3, 0, 0, 1}},
+               true);
+  return curve;
+}
+
+// A polycurve of a line and a polycurve.
+std::shared_ptr<ON_PolyCurve> NestedCurve() {
+  auto inner = std::make_unique<ON_PolyCurve>();
+  inner->m_t = {0, 1, 3};
+  inner->m_segment.push_back(std::make_unique<ON_ArcCurve>(ON_Arc{{}, 1, {0, 3}}));
+  inner->m_segment.push_back(std::make_unique<ON_NurbsCurve>(SmallNurbsCurve()));
+  auto outer = std::make_shared<ON_PolyCurve>();
+  outer->m_t = {0, 1, 2};
+  outer->m_segment.push_back(
+      std::make_unique<ON_LineCurve>(ON_3dPoint{0, 0, 0}, ON_3dPoint{1, 0, 0}));
+  outer->m_segment.push_back(std::move(inner));
+  return outer;
+}
+
+void AddCurves(ONX_Model& model) {
+  AddObject(model, std::make_shared<ON_LineCurve>(ON_3dPoint{0, 0, 0}, ON_3dPoint{1, 2, 3}));
+  AddObject(model, std::make_shared<ON_ArcCurve>(ON_Arc{{}, 2, {0, 1}}));
+  auto polyline = std::make_shared<ON_PolylineCurve>();
+  polyline->m_pline = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}};
+  polyline->m_t = {0, 1, 2};
+  AddObject(model, std::move(polyline));
+  AddObject(model, std::make_shared<ON_NurbsCurve>(SmallNurbsCurve()));
+  AddObject(model, NestedCurve());
+}
+
 void AddObjects(ONX_Model& model) {
   AddObject(model, std::make_shared<ON_Mesh>(MakeBox({{0, 0, 0}, {1, 2, 3}})));
   auto mesh = std::make_shared<ON_Mesh>(MakeSphere({0, 0, 0}, 1, 6, 4));
@@ -74,6 +111,7 @@ void AddObjects(ONX_Model& model) {
   auto plane = std::make_shared<ON_ClippingPlaneSurface>();
   plane->m_viewport_ids = {Id(7), Id(8)};
   AddObject(model, std::move(plane));
+  AddCurves(model);
   AddObject(model, nullptr);
 }
 

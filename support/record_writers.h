@@ -4,6 +4,7 @@
 
 #include "host/archive/binary_archive.h"
 #include "host/archive/model.h"
+#include "host/geometry/on_curve.h"
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
@@ -32,6 +33,9 @@ void WriteAttributes(ON_BinaryArchive& archive, const ON_3dmObjectAttributes& at
 // A geometry's data without a wrapper.
 void WriteMeshData(ON_BinaryArchive& archive, const ON_Mesh& mesh);
 void WriteClippingPlaneData(ON_BinaryArchive& archive, const ON_ClippingPlaneSurface& surface);
+void WriteCurveData(ON_BinaryArchive& archive, const ON_Curve& curve);
+// The id under which a curve's class is written.
+ON_UUID CurveClass(const ON_Curve& curve);
 
 // The table of one plug-in.
 void WritePlugInData(ON_BinaryArchive& archive, const ONX_PlugInData& data);

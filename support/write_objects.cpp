@@ -85,6 +85,9 @@ GeometryWriter WriterFor(const ONX_ModelObject& object) {
     return {kClippingPlaneClass,
             [plane](ON_BinaryArchive& data) { WriteClippingPlaneData(data, *plane); }};
   }
+  if (const ON_Curve* curve = ON_Curve::Cast(geometry)) {
+    return {CurveClass(*curve), [curve](ON_BinaryArchive& data) { WriteCurveData(data, *curve); }};
+  }
   return {object.m_class_id, [](ON_BinaryArchive& data) { data.Write3dmChunkVersion(1, 0); }};
 }
 

@@ -3,6 +3,6 @@
 #include <map>
 #include <string>
 
-// What users are told of the classes whose geometry isn't read, by the names that the facts about
-// the real documents give them.
+// What users are told that objects of a class are, by the names that the facts about the real
+// documents give the classes: all those but meshes, points and point clouds.
 const std::map<std::string, std::string>& ClassWords();

@@ -21,6 +21,7 @@ constexpr NamedClass kClasses[] = {
     {"4ed7d4e6-e947-11d3-bfe5-0010830122f0"_uuid, "polyline"},
     {"4ed7d4e0-e947-11d3-bfe5-0010830122f0"_uuid, "polycurve"},
     {"ef638317-154b-11d4-8000-0010830122f0"_uuid, "polycurve"},
+    {"4ed7d4d8-e947-11d3-bfe5-0010830122f0"_uuid, "surface curve"},
     {"4ed7d4de-e947-11d3-bfe5-0010830122f0"_uuid, "NURBS surface"},
     {"4760c817-0be3-11d4-bffe-0010830122f0"_uuid, "NURBS surface"},
     {"4ed7d4df-e947-11d3-bfe5-0010830122f0"_uuid, "plane surface"},

@@ -1,22 +1,13 @@
-#include <cmath>
-
 #include "host/archive/chunk_scope.h"
 #include "host/archive/read_geometry.h"
 
 namespace host {
 namespace {
 
-bool IsNumber(double value) {
-  return std::isfinite(value) && value != ON_UNSET_VALUE;
-}
-
 bool CanCut(const ON_Plane& plane) {
-  const ON_3dPoint& o = plane.Origin();
   const ON_3dVector& n = plane.Normal();
-  for (const double value : {o.x, o.y, o.z, n.x, n.y, n.z}) {
-    if (!IsNumber(value)) return false;
-  }
-  return n.Length() > 0;
+  return plane.Origin().IsValid() && ON_IsValid(n.x) && ON_IsValid(n.y) && ON_IsValid(n.z) &&
+         n.Length() > 0;
 }
 
 // The rectangle, in a chunk of its own.

@@ -3,6 +3,7 @@
 #include "host/archive/class_names.h"
 #include "host/archive/class_wrapper.h"
 #include "host/archive/read_attributes.h"
+#include "host/archive/read_curve.h"
 #include "host/archive/read_geometry.h"
 #include "host/archive/record_readers.h"
 
@@ -34,6 +35,15 @@ bool ReadGeometryOf(ON_BinaryArchive& archive, bool (*read_data)(ON_BinaryArchiv
   return true;
 }
 
+bool ReadCurveObject(ON_BinaryArchive& archive, ONX_ModelObject& object) {
+  if (!BeginReadClassData(archive)) return false;
+  const std::shared_ptr<ON_Curve> curve = ReadCurveData(archive, object.m_class_id);
+  if (!archive.EndRead3dmChunk() || !curve) return false;
+  if (!ReadUserData(archive, &curve->m_user_strings)) return false;
+  object.m_geometry = curve;
+  return true;
+}
+
 // Reads the class wrapper that is the open chunk.
 bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCounter& unread) {
   if (!ReadClassId(archive, &object.m_class_id)) return false;
@@ -48,6 +58,7 @@ bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCoun
   if (id == kClippingPlaneClass) {
     return ReadGeometryOf<ON_ClippingPlaneSurface>(archive, ReadClippingPlane, object.m_geometry);
   }
+  if (IsCurveClass(id)) return ReadCurveObject(archive, object);
   unread.Add(ClassName(id));
   return true;
 }

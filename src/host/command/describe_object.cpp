@@ -1,5 +1,6 @@
 #include "host/command/describe.h"
 #include "host/document/doc.h"
+#include "host/geometry/on_curve.h"
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_point_cloud.h"
 #include "host/system/number_text.h"
@@ -54,11 +55,20 @@ std::string MeshText(const ON_Mesh& mesh) {
   return text;
 }
 
+std::string CurveText(const ON_Curve& curve) {
+  double length = 0;
+  std::string text = curve.IsClosed() ? "closed" : "open";
+  if (curve.GetLength(&length)) text += ", length " + host::FormatG(length);
+  const int points = curve.IsPolyline();
+  return points == 0 ? text : text + host::Format(", %d points", points);
+}
+
 std::string GeometryText(const CRhinoObject& object) {
   if (const ON_Mesh* mesh = ON_Mesh::Cast(object.Geometry())) return MeshText(*mesh);
   if (const ON_PointCloud* cloud = ON_PointCloud::Cast(object.Geometry())) {
     return host::Format("%d points", cloud->PointCount());
   }
+  if (const ON_Curve* curve = ON_Curve::Cast(object.Geometry())) return CurveText(*curve);
   return object.Geometry() == nullptr ? "not read" : std::string();
 }
 

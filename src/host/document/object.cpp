@@ -21,7 +21,7 @@ ON_ObjectType CRhinoObject::ObjectType() const {
 }
 
 std::string CRhinoObject::ShortDescription() const {
-  if (geometry_ == nullptr && !class_id_.IsNil()) return host::ClassName(class_id_);
+  if (!class_id_.IsNil()) return host::ClassName(class_id_);
   switch (ObjectType()) {
     case ON_ObjectType::point:
       return "point";

@@ -5,9 +5,14 @@
 #include <algorithm>
 
 #include "host/archive/model_reader.h"
+#include "host/geometry/on_arc_curve.h"
+#include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_mesh.h"
+#include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
+#include "host/geometry/on_poly_curve.h"
+#include "host/geometry/on_polyline_curve.h"
 #include "support/shapes.h"
 
 namespace {
@@ -15,7 +20,7 @@ namespace {
 constexpr ON_UUID kId1 = "11111111-2222-4333-8444-555555555551"_uuid;
 constexpr ON_UUID kId2 = "11111111-2222-4333-8444-555555555552"_uuid;
 constexpr ON_UUID kId3 = "11111111-2222-4333-8444-555555555553"_uuid;
-constexpr ON_UUID kUnreadClass = "4ed7d4db-e947-11d3-bfe5-0010830122f0"_uuid;
+constexpr ON_UUID kUnreadClass = "0559733b-5332-49d1-a936-0532ac76ade5"_uuid;
 
 ONX_Model ReadBack(const ONX_Model& model) {
   const std::string bytes = WriteModel(model);
@@ -442,16 +447,79 @@ TEST_P(ModelWriterTest, KeepsPointsAndPointClouds) {
   EXPECT_EQ(backCloud->m_V, cloud->m_V);
 }
 
+std::shared_ptr<ON_PolyCurve> LineArcAndNurbs() {
+  auto curve = std::make_shared<ON_PolyCurve>();
+  curve->m_t = {0, 1, 2, 4};
+  auto line = std::make_unique<ON_LineCurve>(ON_3dPoint{1, 2, 3}, ON_3dPoint{1, 0, 0});
+  line->SetUserString("part", "first");
+  curve->m_segment.push_back(std::move(line));
+  curve->m_segment.push_back(std::make_unique<ON_ArcCurve>(ON_Arc{{}, 1, {0, 3}}));
+  auto nurbs = std::make_unique<ON_NurbsCurve>();
+  nurbs->Create(3, {0, 0, 2, 2}, {{-1, 0, 0, 1}, {-2, 1, 0, 0.5}, {-4, 0, 0, 1}}, true);
+  curve->m_segment.push_back(std::move(nurbs));
+  return curve;
+}
+
+TEST_P(ModelWriterTest, KeepsLinesArcsAndPolylines) {
+  const auto line = std::make_shared<ON_LineCurve>(ON_3dPoint{1, 2, 3}, ON_3dPoint{4, 5, 6});
+  line->m_t = {-1, 1};
+  const auto arc = std::make_shared<ON_ArcCurve>(ON_Arc{{{1, 2, 3}}, 4, {0.5, 2}});
+  const auto polyline = std::make_shared<ON_PolylineCurve>();
+  polyline->m_pline = {{1, 2, 3}, {4, 5, 6}, {7, 8, 10}};
+  polyline->m_t = {0, 1, 5};
+  AddObject(line).m_attributes.m_name = "Linie";
+  AddObject(arc);
+  AddObject(polyline);
+  const ONX_Model read = ReadBack(model_);
+  ASSERT_EQ(read.m_object_table.size(), 3u);
+  EXPECT_EQ(read.m_object_table[0].m_attributes.m_name, "Linie");
+  const auto* back_line = ON_LineCurve::Cast(read.m_object_table[0].m_geometry.get());
+  const auto* back_arc = ON_ArcCurve::Cast(read.m_object_table[1].m_geometry.get());
+  const auto* back_polyline = ON_PolylineCurve::Cast(read.m_object_table[2].m_geometry.get());
+  ASSERT_TRUE(back_line && back_arc && back_polyline);
+  EXPECT_EQ(back_line->m_line.to, line->m_line.to);
+  EXPECT_EQ(back_line->m_t, line->m_t);
+  EXPECT_EQ(back_arc->m_arc.plane.origin, arc->m_arc.plane.origin);
+  EXPECT_EQ(back_arc->m_arc.radius, 4);
+  EXPECT_EQ(back_arc->m_arc.m_angle, arc->m_arc.m_angle);
+  EXPECT_EQ(back_arc->m_t, arc->m_t);
+  EXPECT_EQ(back_polyline->m_pline, polyline->m_pline);
+  EXPECT_EQ(back_polyline->m_t, polyline->m_t);
+}
+
+TEST_P(ModelWriterTest, KeepsPolycurvesAndWhatStandsInThem) {
+  const auto outer = std::make_shared<ON_PolyCurve>();
+  outer->m_t = {1, 3};
+  outer->m_segment.push_back(std::make_unique<ON_PolyCurve>(std::move(*LineArcAndNurbs())));
+  outer->SetUserString("whole", "curve");
+  AddObject(outer);
+  const ONX_Model read = ReadBack(model_);
+  ASSERT_EQ(read.m_object_table.size(), 1u);
+  const auto* back = ON_PolyCurve::Cast(read.m_object_table[0].m_geometry.get());
+  ASSERT_NE(back, nullptr);
+  EXPECT_EQ(back->GetUserString("whole"), "curve");
+  EXPECT_EQ(back->m_t, outer->m_t);
+  const auto* inner = ON_PolyCurve::Cast(back->m_segment.at(0).get());
+  ASSERT_NE(inner, nullptr);
+  ASSERT_EQ(inner->m_segment.size(), 3u);
+  EXPECT_EQ(inner->m_segment[0]->GetUserString("part"), "first");
+  const auto* nurbs = ON_NurbsCurve::Cast(inner->m_segment[2].get());
+  ASSERT_NE(nurbs, nullptr);
+  EXPECT_TRUE(nurbs->IsRational());
+  EXPECT_EQ(nurbs->m_cv[1], (ON_4dPoint{-2, 1, 0, 0.5}));
+  EXPECT_EQ(nurbs->m_knot, (ON_SimpleArray<double>{0, 0, 2, 2}));
+}
+
 TEST_P(ModelWriterTest, AnObjectWithoutGeometryIsCountedAsUnread) {
   ONX_ModelObject& object = AddObject(nullptr);
   object.m_class_id = kUnreadClass;
-  object.m_object_type = 4;
-  object.m_attributes.m_name = "Linie";
+  object.m_object_type = 0x10000;
+  object.m_attributes.m_name = "Schraffur";
   const ONX_Model read = ReadBack(model_);
   ASSERT_EQ(read.m_object_table.size(), 1u);
   EXPECT_EQ(read.m_object_table[0].m_geometry, nullptr);
   EXPECT_EQ(read.m_object_table[0].m_class_id, kUnreadClass);
-  EXPECT_EQ(read.m_object_table[0].m_attributes.m_name, "Linie");
+  EXPECT_EQ(read.m_object_table[0].m_attributes.m_name, "Schraffur");
   ASSERT_EQ(read.m_unread.size(), 1u);
   EXPECT_EQ(read.m_unread[0].m_count, 1);
 }

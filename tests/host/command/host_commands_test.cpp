@@ -4,6 +4,7 @@
 
 #include "host/command/command_runner.h"
 #include "host/command/script_input.h"
+#include "host/geometry/on_line_curve.h"
 #include "recorded_window.h"
 #include "sample_document.h"
 #include "sample_plugin.h"
@@ -126,6 +127,17 @@ TEST_F(HostCommandsTest, WhatDescribesTheSelection) {
                            HasSubstr("\n  state: visible\n"),
                            HasSubstr("\n  geometry: 3 vertices, 1 faces (1 triangles, 0 quads)\n"),
                            HasSubstr("\n  box: 0,0,0 to 2,3,0\n")));
+}
+
+TEST_F(HostCommandsTest, WhatTellsOfACurveItsLengthAndPoints) {
+  ONX_Model model;
+  model.m_object_table.resize(1);
+  model.m_object_table[0].m_geometry =
+      std::make_shared<ON_LineCurve>(ON_3dPoint{0, 0, 0}, ON_3dPoint{3, 4, 0});
+  Doc().SetModel(std::move(model), "");
+  EXPECT_EQ(Run("SelAll What"), CommandResult::success);
+  EXPECT_THAT(told_, AllOf(HasSubstr("\n  geometry: open, length 5, 2 points\n"),
+                           HasSubstr("\n  box: 0,0,0 to 3,4,0\n")));
 }
 
 TEST_F(HostCommandsTest, DocumentInfoTellsWhatIsThere) {

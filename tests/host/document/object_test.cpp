@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "host/document/doc.h"
+#include "host/geometry/on_line_curve.h"
 #include "model_parts.h"
 
 namespace {
@@ -137,6 +138,20 @@ TEST_F(ObjectTest, AMemberOfABlockIsNeitherHiddenNorShown) {
 
 TEST_F(ObjectTest, SaysWhatItIs) {
   EXPECT_EQ(Add(kOn).ShortDescription(), "mesh");
+}
+
+TEST_F(ObjectTest, ACurveSaysOfWhichClassItIs) {
+  ONX_Model model;
+  model.m_object_table.resize(2);
+  for (ONX_ModelObject& object : model.m_object_table) {
+    object.m_geometry = std::make_shared<ON_LineCurve>(ON_3dPoint{0, 0, 0}, ON_3dPoint{1, 0, 0});
+  }
+  model.m_object_table[0].m_class_id = "4ed7d4db-e947-11d3-bfe5-0010830122f0"_uuid;
+  doc_.SetModel(std::move(model), "");
+  EXPECT_EQ(doc_.Objects()[0]->ShortDescription(), "line");
+  EXPECT_EQ(doc_.Objects()[0]->ObjectType(), ON_ObjectType::curve);
+  // One that no file gave.
+  EXPECT_EQ(doc_.Objects()[1]->ShortDescription(), "curve");
 }
 
 TEST_F(ObjectTest, WithoutGeometrySaysWhatItsClassIs) {
