@@ -50,6 +50,8 @@ enum class ON_ObjectType : unsigned {
   extrusion = 0x40000000,
 };
 
+class ON_Brep;
+
 class ON_Geometry : public ON_Object {
  public:
   ~ON_Geometry() override;
@@ -59,6 +61,8 @@ class ON_Geometry : public ON_Object {
   virtual ON_BoundingBox BoundingBox() const = 0;
   // True for surfaces and all that consists of faces of surfaces.
   virtual bool HasBrepForm() const { return false; }
+  // A brep of the same faces. Null when there is none.
+  virtual std::unique_ptr<ON_Brep> BrepForm() const;
 
  protected:
   ON_Geometry() = default;

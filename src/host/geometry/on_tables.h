@@ -133,10 +133,23 @@ class ON_DimStyle : public ON_Object {
   double m_lengthfactor = 1;
   int m_lengthresolution = 2;
   int m_angleresolution = 2;
+  // How far the dimension line goes beyond the extension lines.
+  double m_dimextension = 0;
+  bool m_suppress_extension1 = false;
+  bool m_suppress_extension2 = false;
+  // 0 decimal, 1 fractions, 2 feet and inches.
+  int m_lengthformat = 0;
+  // 0 decimal degrees, 1 degrees, minutes and seconds, 2 radians, 3 gradians.
+  int m_angleformat = 0;
+  // 0 none, 1 a block of the user's, 2 solid triangle, 3 dot, 4 tick, 5 short triangle, 6 open
+  // arrow, 7 rectangle, 8 long triangle, 9 longer triangle.
   int m_arrowtype1 = 0;
   int m_arrowtype2 = 0;
   int m_leaderarrowtype = 0;
+  // The family's name.
   std::string m_font;
+  bool m_bold = false;
+  bool m_italic = false;
   std::string m_prefix;
   std::string m_suffix;
 };

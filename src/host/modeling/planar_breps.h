@@ -1,0 +1,12 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "host/geometry/on_brep.h"
+
+// Fills closed planar curves: each outer one becomes a brep of one face, the curves directly inside
+// it are its holes, and what lies inside a hole is a brep of its own. Curves that aren't closed or
+// planar are left out. Curves in different planes make different breps.
+[[nodiscard]] std::vector<std::unique_ptr<ON_Brep>> RhinoMakePlanarBreps(
+    const std::vector<std::shared_ptr<const ON_Curve>>& curves, double tolerance);
