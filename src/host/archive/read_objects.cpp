@@ -14,6 +14,7 @@ constexpr ON_UUID kMeshClass = "4ed7d4e4-e947-11d3-bfe5-0010830122f0"_uuid;
 constexpr ON_UUID kPointClass = "c3101a1d-f157-11d3-bfe7-0010830122f0"_uuid;
 constexpr ON_UUID kPointCloudClass = "2488f347-f8fa-11d3-bfec-0010830122f0"_uuid;
 constexpr ON_UUID kClippingPlaneClass = "dbc5a584-ce3f-4170-98a8-497069ca5c36"_uuid;
+constexpr ON_UUID kInstanceRefClass = "f9cfb638-b9d4-4340-87e3-c56e7865d96a"_uuid;
 
 // Reads the data and the user data of the class wrapper that is the open chunk, behind its id.
 template <class T>
@@ -57,6 +58,9 @@ bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCoun
   }
   if (id == kClippingPlaneClass) {
     return ReadGeometryOf<ON_ClippingPlaneSurface>(archive, ReadClippingPlane, object.m_geometry);
+  }
+  if (id == kInstanceRefClass) {
+    return ReadGeometryOf<ON_InstanceRef>(archive, ReadInstanceRef, object.m_geometry);
   }
   if (IsCurveClass(id)) return ReadCurveObject(archive, object);
   unread.Add(ClassName(id));

@@ -8,6 +8,7 @@
 
 #include "host/document/doc.h"
 #include "host/document/new_id.h"
+#include "host/geometry/on_instance_ref.h"
 #include "host/system/text.h"
 
 // Merging a document into the open one.
@@ -151,6 +152,34 @@ class LayerMerger {
   std::map<Place, int> by_place_;
 };
 
+// Gives definitions whose id is taken a new one. The result has the new id of each of them, by the
+// stored one.
+IdMap<ON_UUID> FreeIds(std::vector<ON_InstanceDefinition>& imported,
+                       const std::vector<ON_InstanceDefinition>& open) {
+  IdSet taken = IdsOf(open);
+  IdMap<ON_UUID> newIds;
+  IdSet seen;
+  for (std::size_t i = 0; i < imported.size(); ++i) {
+    const ON_UUID stored = imported[i].m_id;
+    imported[i].m_id = FreeId(imported[i], open.size() + i, taken);
+    // References mean the first definition of an id.
+    const bool isMeant = !stored.IsNil() && seen.insert(stored).second;
+    if (isMeant && imported[i].m_id != stored) newIds.emplace(stored, imported[i].m_id);
+  }
+  return newIds;
+}
+
+// Lets a block reference name its definition by the definition's new id.
+void Remap(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& newDefinitionIds) {
+  const ON_InstanceRef* reference = ON_InstanceRef::Cast(geometry.get());
+  if (reference == nullptr) return;
+  const auto found = newDefinitionIds.find(reference->m_instance_definition_uuid);
+  if (found == newDefinitionIds.end()) return;
+  auto own = std::make_shared<ON_InstanceRef>(*reference);
+  own->m_instance_definition_uuid = found->second;
+  geometry = std::move(own);
+}
+
 // The layers of both documents. `maps` gets where the imported ones went.
 std::vector<ON_Layer> MergedLayers(const CRhinoLayerTable& open, std::vector<ON_Layer> imported,
                                    ImportMaps& maps) {
@@ -199,8 +228,11 @@ void CRhinoDoc::ImportModel(ONX_Model model) {
   m_layer_table =
       CRhinoLayerTable(MergedLayers(m_layer_table, std::move(model.m_layer_table), maps), this);
   Append(m_dimstyle_table, std::move(model.m_dimstyle_table));
+  const IdMap<ON_UUID> newDefinitionIds =
+      FreeIds(model.m_idef_table, m_instance_definition_table.Records());
   for (ONX_ModelObject& object : model.m_object_table) {
     Remap(object.m_attributes, maps);
+    Remap(object.m_geometry, newDefinitionIds);
     object.m_span = {};
   }
   for (ONX_ModelLight& light : model.m_light_table) {
@@ -227,9 +259,7 @@ void CRhinoDoc::ShowInDepth(std::size_t first_object) {
   ON_BoundingBox box;
   for (std::size_t i = first_object; i < objects_.size(); ++i) {
     const CRhinoObject& object = *objects_[i];
-    if (object.Geometry() != nullptr && object.IsVisible()) {
-      box.Include(object.Geometry()->BoundingBox());
-    }
+    if (object.IsVisible()) box.Include(object.BoundingBox());
   }
   for (const auto& view : views_) view->Viewport().IncludeInDepth(box);
 }
