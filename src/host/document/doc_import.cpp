@@ -152,31 +152,29 @@ class LayerMerger {
   std::map<Place, int> by_place_;
 };
 
-// Gives definitions whose id is taken a new one. The result has the new id of each of them, by the
-// stored one.
+// Gives definitions whose id is taken a new one. The result has the id of each, by the stored one.
 IdMap<ON_UUID> FreeIds(std::vector<ON_InstanceDefinition>& imported,
                        const std::vector<ON_InstanceDefinition>& open) {
   IdSet taken = IdsOf(open);
-  IdMap<ON_UUID> newIds;
-  IdSet seen;
+  IdMap<ON_UUID> ids;
   for (std::size_t i = 0; i < imported.size(); ++i) {
     const ON_UUID stored = imported[i].m_id;
     imported[i].m_id = FreeId(imported[i], open.size() + i, taken);
-    // References mean the first definition of an id.
-    const bool isMeant = !stored.IsNil() && seen.insert(stored).second;
-    if (isMeant && imported[i].m_id != stored) newIds.emplace(stored, imported[i].m_id);
+    if (!stored.IsNil()) ids.emplace(stored, imported[i].m_id);
   }
-  return newIds;
+  return ids;
 }
 
-// Lets a block reference name its definition by the definition's new id.
-void Remap(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& newDefinitionIds) {
+// Lets a block reference name its definition by the id that it has now; one whose definition the
+// imported document lacks names none.
+void Remap(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& definitionIds) {
   const ON_InstanceRef* reference = ON_InstanceRef::Cast(geometry.get());
   if (reference == nullptr) return;
-  const auto found = newDefinitionIds.find(reference->m_instance_definition_uuid);
-  if (found == newDefinitionIds.end()) return;
+  const auto found = definitionIds.find(reference->m_instance_definition_uuid);
+  const ON_UUID id = found == definitionIds.end() ? ON_UUID{} : found->second;
+  if (id == reference->m_instance_definition_uuid) return;
   auto own = std::make_shared<ON_InstanceRef>(*reference);
-  own->m_instance_definition_uuid = found->second;
+  own->m_instance_definition_uuid = id;
   geometry = std::move(own);
 }
 
@@ -228,11 +226,11 @@ void CRhinoDoc::ImportModel(ONX_Model model) {
   m_layer_table =
       CRhinoLayerTable(MergedLayers(m_layer_table, std::move(model.m_layer_table), maps), this);
   Append(m_dimstyle_table, std::move(model.m_dimstyle_table));
-  const IdMap<ON_UUID> newDefinitionIds =
+  const IdMap<ON_UUID> definitionIds =
       FreeIds(model.m_idef_table, m_instance_definition_table.Records());
   for (ONX_ModelObject& object : model.m_object_table) {
     Remap(object.m_attributes, maps);
-    Remap(object.m_geometry, newDefinitionIds);
+    Remap(object.m_geometry, definitionIds);
     object.m_span = {};
   }
   for (ONX_ModelLight& light : model.m_light_table) {
