@@ -90,17 +90,6 @@ bool VerticesAgree(const ON_Brep& brep) {
                      [](const auto& ends) { return ends[0] && ends[1]; });
 }
 
-// True when each trim ends at the vertex where the next one starts.
-bool IsClosed(const ON_Brep& brep, const ON_BrepLoop& loop) {
-  int end = At(brep.m_T, loop.m_ti.back()).m_vi[1];
-  for (const int index : loop.m_ti) {
-    const ON_BrepTrim& trim = At(brep.m_T, index);
-    if (trim.m_vi[0] != end) return false;
-    end = trim.m_vi[1];
-  }
-  return true;
-}
-
 }  // namespace
 
 bool ON_Brep::IsValid() const {
@@ -115,7 +104,5 @@ bool ON_Brep::IsValid() const {
     return false;
   }
   return std::all_of(m_V.begin(), m_V.end(),
-                     [](const ON_BrepVertex& vertex) { return vertex.point.IsValid(); }) &&
-         std::all_of(m_L.begin(), m_L.end(),
-                     [this](const ON_BrepLoop& loop) { return IsClosed(*this, loop); });
+                     [](const ON_BrepVertex& vertex) { return vertex.point.IsValid(); });
 }
