@@ -98,9 +98,11 @@ class ON_Brep : public ON_Geometry {
   bool IsSurface() const;
   // True when a face has one loop and that runs along the sides of the surface's domain.
   bool FaceIsSurface(int face_index) const;
-  // Stretches a surface to a new domain in both directions, and the trims of its face with it. A
-  // surface that other faces use too is copied first. False when the face can't be stretched; it
-  // is then unchanged.
+  // Gives a face a surface with another domain in both directions, in NURBS form, and stretches its
+  // trims with it: they get whole curves of their own as MakeValidForV2 gives them. Other faces
+  // keep theirs; what the face had stays in the tables up to Compact. In a brep of one face the new
+  // surface takes the place of the old one. False when the face can't be stretched; it is then
+  // unchanged.
   bool SetFaceDomain(int face_index, ON_Interval u, ON_Interval v);
   // Drops curves and surfaces that no trim, edge or face names. The others keep their order.
   void Compact();
