@@ -91,8 +91,10 @@ TEST(NurbsWriter, ARationalSurfaceHasWeightedPoints) {
 
 TEST(NurbsWriter, ASurfaceOfAnotherKindIsWrittenInItsNurbsForm) {
   ON_PlaneSurface plane;
-  plane.m_domain = {ON_Interval{0, 2}, {0, 1}};
-  plane.m_extents = {ON_Interval{0, 8}, {0, 4}};
+  plane.m_domain[0] = {0, 2};
+  plane.m_domain[1] = {0, 1};
+  plane.m_extents[0] = {0, 8};
+  plane.m_extents[1] = {0, 4};
   EXPECT_EQ(BrepText(*plane.BrepForm()), std::string(kTexture) + kSquarePatch);
 }
 
