@@ -1,0 +1,1 @@
+#include "host/modeling/render_mesh.h"
