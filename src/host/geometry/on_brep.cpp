@@ -11,6 +11,7 @@ std::unique_ptr<ON_Brep> ON_Brep::BrepForm() const {
 }
 
 ON_BoundingBox ON_Brep::BoundingBox() const {
+  if (m_bbox.IsValid()) return m_bbox;
   ON_BoundingBox box;
   for (const ON_BrepVertex& vertex : m_V) box.Include(vertex.point);
   for (const auto& curve : m_C3) box.Include(curve->BoundingBox());

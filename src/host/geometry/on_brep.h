@@ -85,7 +85,8 @@ class ON_Brep : public ON_Geometry {
   bool HasBrepForm() const override { return true; }
   // A copy.
   std::unique_ptr<ON_Brep> BrepForm() const override;
-  // The box of the vertices, edges and surfaces: faces lie inside.
+  // m_bbox where it is valid. Else the box of the vertices, edges and surfaces: faces lie inside,
+  // trimmed ones with room around them.
   ON_BoundingBox BoundingBox() const override;
 
   // True when every position names a part that is there and each part is named back by those that
@@ -132,6 +133,8 @@ class ON_Brep : public ON_Geometry {
   std::vector<ON_BrepTrim> m_T;
   std::vector<ON_BrepLoop> m_L;
   std::vector<ON_BrepFace> m_F;
+  // The box of the faces as stored; not valid where a document has none.
+  ON_BoundingBox m_bbox;
   // 0 not known, 1 closed and looking outwards, 2 closed and looking inwards, 3 open. As stored.
   int m_is_solid = 0;
 };
