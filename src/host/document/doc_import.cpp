@@ -8,6 +8,7 @@
 
 #include "host/document/doc.h"
 #include "host/document/new_id.h"
+#include "host/geometry/on_annotation.h"
 #include "host/geometry/on_instance_ref.h"
 #include "host/system/text.h"
 
@@ -152,17 +153,17 @@ class LayerMerger {
   std::map<Place, int> by_place_;
 };
 
-// Gives definitions whose id is taken a new one. The result has the new id of each of them, by the
+// Gives records whose id is taken a new one. The result has the new id of each of them, by the
 // stored one.
-IdMap<ON_UUID> FreeIds(std::vector<ON_InstanceDefinition>& imported,
-                       const std::vector<ON_InstanceDefinition>& open) {
+template <class Record>
+IdMap<ON_UUID> FreeIds(std::vector<Record>& imported, const std::vector<Record>& open) {
   IdSet taken = IdsOf(open);
   IdMap<ON_UUID> newIds;
   IdSet seen;
   for (std::size_t i = 0; i < imported.size(); ++i) {
     const ON_UUID stored = imported[i].m_id;
     imported[i].m_id = FreeId(imported[i], open.size() + i, taken);
-    // References mean the first definition of an id.
+    // References mean the first record of an id.
     const bool isMeant = !stored.IsNil() && seen.insert(stored).second;
     if (isMeant && imported[i].m_id != stored) newIds.emplace(stored, imported[i].m_id);
   }
@@ -177,6 +178,17 @@ void Remap(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& newDefi
   if (found == newDefinitionIds.end()) return;
   auto own = std::make_shared<ON_InstanceRef>(*reference);
   own->m_instance_definition_uuid = found->second;
+  geometry = std::move(own);
+}
+
+// Lets an annotation name its style by the style's new id.
+void RemapStyle(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& newStyleIds) {
+  const ON_Annotation* annotation = ON_Annotation::Cast(geometry.get());
+  if (annotation == nullptr) return;
+  const auto found = newStyleIds.find(annotation->m_dimstyle_id);
+  if (found == newStyleIds.end()) return;
+  auto own = std::make_shared<ON_Annotation>(*annotation);
+  own->m_dimstyle_id = found->second;
   geometry = std::move(own);
 }
 
@@ -227,12 +239,14 @@ void CRhinoDoc::ImportModel(ONX_Model model) {
   maps.groups = AppendGroups(m_group_table, std::move(model.m_group_table));
   m_layer_table =
       CRhinoLayerTable(MergedLayers(m_layer_table, std::move(model.m_layer_table), maps), this);
+  const IdMap<ON_UUID> newStyleIds = FreeIds(model.m_dimstyle_table, m_dimstyle_table.Records());
   Append(m_dimstyle_table, std::move(model.m_dimstyle_table));
   const IdMap<ON_UUID> newDefinitionIds =
       FreeIds(model.m_idef_table, m_instance_definition_table.Records());
   for (ONX_ModelObject& object : model.m_object_table) {
     Remap(object.m_attributes, maps);
     Remap(object.m_geometry, newDefinitionIds);
+    RemapStyle(object.m_geometry, newStyleIds);
     object.m_span = {};
   }
   for (ONX_ModelLight& light : model.m_light_table) {
