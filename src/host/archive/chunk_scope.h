@@ -27,6 +27,15 @@ class ChunkScope {
   return archive.BeginRead3dmChunk(&typecode, &value);
 }
 
+// The version byte at the head of class data, whose major number must be `expected`; any other
+// fails as `what`.
+[[nodiscard]] inline bool ReadVersionOf(ON_BinaryArchive& archive, int expected,
+                                        std::string_view what, int* minor = nullptr) {
+  int major = 0, unused = 0;
+  if (!archive.Read3dmChunkVersion(&major, minor != nullptr ? minor : &unused)) return false;
+  return major == expected || archive.Fail(what);
+}
+
 // Passes over the next chunk, whatever it is.
 [[nodiscard]] inline bool SkipChunk(ON_BinaryArchive& archive) {
   std::uint32_t typecode = 0;

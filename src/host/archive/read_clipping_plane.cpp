@@ -1,5 +1,6 @@
 #include "host/archive/chunk_scope.h"
 #include "host/archive/read_geometry.h"
+#include "host/archive/read_surface_classes.h"
 
 namespace host {
 namespace {
@@ -11,20 +12,10 @@ bool CanCut(const ON_Plane& plane) {
 }
 
 // The rectangle, in a chunk of its own.
-bool ReadPlaneSurface(ON_BinaryArchive& archive, ON_PlaneSurface& surface) {
+bool ReadRectangle(ON_BinaryArchive& archive, ON_PlaneSurface& surface) {
   const ChunkScope scope(archive);
-  int major = 0;
-  int minor = 0;
-  if (!BeginReadChunkOf(archive, TCODE_ANONYMOUS_CHUNK, "a clipping plane without a surface") ||
-      !archive.Read3dmChunkVersion(&major, &minor)) {
-    return false;
-  }
-  if (major != 1) return archive.Fail("a plane surface of an unknown version");
-  if (!archive.ReadPlane(&surface.m_plane)) return false;
-  // The ranges of the parameters. In the older form they are the rectangle's sides as well.
-  ON_Interval* const sides = surface.m_extents;
-  if (!archive.ReadInterval(&sides[0]) || !archive.ReadInterval(&sides[1])) return false;
-  return minor < 1 || (archive.ReadInterval(&sides[0]) && archive.ReadInterval(&sides[1]));
+  return BeginReadChunkOf(archive, TCODE_ANONYMOUS_CHUNK, "a clipping plane without a surface") &&
+         ReadPlaneSurface(archive, surface);
 }
 
 bool ReadViewportIds(ON_BinaryArchive& archive, std::vector<ON_UUID>& ids) {
@@ -71,7 +62,7 @@ bool ReadClippingPlane(ON_BinaryArchive& archive, ON_ClippingPlaneSurface& surfa
   int minor = 0;
   if (!archive.BeginRead3dmChunk(TCODE_ANONYMOUS_CHUNK, &major, &minor)) return false;
   if (major != 1) return archive.Fail("a clipping plane of an unknown version");
-  if (!ReadPlaneSurface(archive, surface) || !ReadClipping(archive, surface)) return false;
+  if (!ReadRectangle(archive, surface) || !ReadClipping(archive, surface)) return false;
   return CanCut(surface.m_plane) || archive.Fail("a clipping plane without a plane");
 }
 

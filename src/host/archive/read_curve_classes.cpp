@@ -9,13 +9,6 @@
 namespace host {
 namespace {
 
-// The version at the head of the data, whose major number is always 1.
-bool ReadVersion(ON_BinaryArchive& archive, std::string_view failure) {
-  int major = 0, minor = 0;
-  if (!archive.Read3dmChunkVersion(&major, &minor)) return false;
-  return major == 1 || archive.Fail(failure);
-}
-
 bool ReadArc(ON_BinaryArchive& archive, ON_Arc& arc) {
   // Three points of the circle follow from the rest.
   constexpr std::uint64_t kPointsSize = 3 * sizeof(ON_3dPoint);
@@ -26,7 +19,7 @@ bool ReadArc(ON_BinaryArchive& archive, ON_Arc& arc) {
 }  // namespace
 
 bool ReadLineCurve(ON_BinaryArchive& archive, ON_LineCurve& curve) {
-  if (!ReadVersion(archive, "a line of an unknown version") ||
+  if (!ReadVersionOf(archive, 1, "a line of an unknown version") ||
       !archive.ReadPoint(&curve.m_line.from) || !archive.ReadPoint(&curve.m_line.to) ||
       !archive.ReadInterval(&curve.m_t)) {
     return false;
@@ -35,15 +28,15 @@ bool ReadLineCurve(ON_BinaryArchive& archive, ON_LineCurve& curve) {
 }
 
 bool ReadArcCurve(ON_BinaryArchive& archive, ON_ArcCurve& curve) {
-  if (!ReadVersion(archive, "an arc of an unknown version") || !ReadArc(archive, curve.m_arc) ||
-      !archive.ReadInterval(&curve.m_t)) {
+  if (!ReadVersionOf(archive, 1, "an arc of an unknown version") ||
+      !ReadArc(archive, curve.m_arc) || !archive.ReadInterval(&curve.m_t)) {
     return false;
   }
   return curve.IsValid() || archive.Fail("an arc that isn't valid");
 }
 
 bool ReadPolylineCurve(ON_BinaryArchive& archive, ON_PolylineCurve& curve) {
-  if (!ReadVersion(archive, "a polyline of an unknown version") ||
+  if (!ReadVersionOf(archive, 1, "a polyline of an unknown version") ||
       !ReadArray(archive, curve.m_pline) || !ReadArray(archive, curve.m_t)) {
     return false;
   }
@@ -54,7 +47,7 @@ bool ReadPolyCurve(ON_BinaryArchive& archive, int depth, ON_PolyCurve& curve) {
   // Nothing that is used, and a box.
   constexpr std::uint64_t kReservedSize = 8 + 6 * sizeof(double);
   std::size_t count = 0;
-  if (!ReadVersion(archive, "a polycurve of an unknown version") ||
+  if (!ReadVersionOf(archive, 1, "a polycurve of an unknown version") ||
       !archive.ReadCount(sizeof(double), &count) || !archive.Skip(kReservedSize) ||
       !ReadArray(archive, curve.m_t)) {
     return false;

@@ -6,6 +6,7 @@
 #include "host/archive/read_attributes.h"
 #include "host/archive/read_curve.h"
 #include "host/archive/read_geometry.h"
+#include "host/archive/read_surface.h"
 #include "host/archive/record_readers.h"
 
 namespace host {
@@ -37,12 +38,22 @@ bool ReadGeometryOf(ON_BinaryArchive& archive, bool (*read_data)(ON_BinaryArchiv
   return true;
 }
 
-bool ReadCurveObject(ON_BinaryArchive& archive, ONX_ModelObject& object) {
+std::shared_ptr<ON_Geometry> ReadCurveOf(ON_BinaryArchive& archive, const ON_UUID& class_id) {
+  return ReadCurveData(archive, class_id);
+}
+
+std::shared_ptr<ON_Geometry> ReadSurfaceOf(ON_BinaryArchive& archive, const ON_UUID& class_id) {
+  return ReadSurfaceData(archive, class_id);
+}
+
+// The same for a geometry whose class has many ids.
+bool ReadGeometryWith(std::shared_ptr<ON_Geometry> (*read_data)(ON_BinaryArchive&, const ON_UUID&),
+                      ON_BinaryArchive& archive, ONX_ModelObject& object) {
   if (!BeginReadClassData(archive)) return false;
-  const std::shared_ptr<ON_Curve> curve = ReadCurveData(archive, object.m_class_id);
-  if (!archive.EndRead3dmChunk() || !curve) return false;
-  if (!ReadUserData(archive, &curve->m_user_strings)) return false;
-  object.m_geometry = curve;
+  const std::shared_ptr<ON_Geometry> geometry = read_data(archive, object.m_class_id);
+  if (!archive.EndRead3dmChunk() || !geometry) return false;
+  if (!ReadUserData(archive, &geometry->m_user_strings)) return false;
+  object.m_geometry = geometry;
   return true;
 }
 
@@ -78,7 +89,8 @@ bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCoun
   if (id == kInstanceRefClass) {
     return ReadGeometryOf<ON_InstanceRef>(archive, ReadInstanceRef, object.m_geometry);
   }
-  if (IsCurveClass(id)) return ReadCurveObject(archive, object);
+  if (IsCurveClass(id)) return ReadGeometryWith(ReadCurveOf, archive, object);
+  if (IsSurfaceClass(id)) return ReadGeometryWith(ReadSurfaceOf, archive, object);
   if (IsAnnotationClass(id)) return ReadAnnotationObject(archive, object, styles);
   unread.Add(ClassName(id));
   return true;

@@ -43,7 +43,7 @@ void CRhinoDoc::SetModel(ONX_Model model, std::string path) {
   m_layer_table = CRhinoLayerTable(std::move(model.m_layer_table), this);
   m_material_table = CRhinoMaterialTable(std::move(model.m_material_table), this);
   m_group_table = CRhinoGroupTable(std::move(model.m_group_table));
-  m_linetype_table = CRhinoLinetypeTable(std::move(model.m_linetype_table));
+  m_linetype_table = CRhinoLinetypeTable(std::move(model.m_linetype_table), this);
   m_dimstyle_table = CRhinoDimStyleTable(std::move(model.m_dimstyle_table));
   m_instance_definition_table = CRhinoInstanceDefinitionTable(std::move(model.m_idef_table));
   m_user_strings = std::move(model.m_document_user_strings);

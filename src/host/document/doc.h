@@ -63,7 +63,7 @@ class CRhinoDoc {
   CRhinoMaterialTable m_material_table{{}, this};
   CRhinoLightTable m_light_table{*this};
   CRhinoGroupTable m_group_table;
-  CRhinoLinetypeTable m_linetype_table;
+  CRhinoLinetypeTable m_linetype_table{{}, this};
   CRhinoDimStyleTable m_dimstyle_table;
   CRhinoInstanceDefinitionTable m_instance_definition_table;
   ON_UserStringList m_user_strings;

@@ -153,42 +153,41 @@ class LayerMerger {
   std::map<Place, int> by_place_;
 };
 
-// Gives records whose id is taken a new one. The result has the new id of each of them, by the
-// stored one.
+// Gives records whose id is taken a new one. The result has the id of each, by the stored one.
 template <class Record>
 IdMap<ON_UUID> FreeIds(std::vector<Record>& imported, const std::vector<Record>& open) {
   IdSet taken = IdsOf(open);
-  IdMap<ON_UUID> newIds;
-  IdSet seen;
+  IdMap<ON_UUID> ids;
   for (std::size_t i = 0; i < imported.size(); ++i) {
     const ON_UUID stored = imported[i].m_id;
     imported[i].m_id = FreeId(imported[i], open.size() + i, taken);
-    // References mean the first record of an id.
-    const bool isMeant = !stored.IsNil() && seen.insert(stored).second;
-    if (isMeant && imported[i].m_id != stored) newIds.emplace(stored, imported[i].m_id);
+    if (!stored.IsNil()) ids.emplace(stored, imported[i].m_id);
   }
-  return newIds;
+  return ids;
 }
 
-// Lets a block reference name its definition by the definition's new id.
-void Remap(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& newDefinitionIds) {
+// Lets a block reference name its definition by the id that it has now; one whose definition the
+// imported document lacks names none.
+void Remap(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& definitionIds) {
   const ON_InstanceRef* reference = ON_InstanceRef::Cast(geometry.get());
   if (reference == nullptr) return;
-  const auto found = newDefinitionIds.find(reference->m_instance_definition_uuid);
-  if (found == newDefinitionIds.end()) return;
+  const auto found = definitionIds.find(reference->m_instance_definition_uuid);
+  const ON_UUID id = found == definitionIds.end() ? ON_UUID{} : found->second;
+  if (id == reference->m_instance_definition_uuid) return;
   auto own = std::make_shared<ON_InstanceRef>(*reference);
-  own->m_instance_definition_uuid = found->second;
+  own->m_instance_definition_uuid = id;
   geometry = std::move(own);
 }
 
-// Lets an annotation name its style by the style's new id.
-void RemapStyle(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& newStyleIds) {
+// The same for an annotation and its style.
+void RemapStyle(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& styleIds) {
   const ON_Annotation* annotation = ON_Annotation::Cast(geometry.get());
   if (annotation == nullptr) return;
-  const auto found = newStyleIds.find(annotation->m_dimstyle_id);
-  if (found == newStyleIds.end()) return;
+  const auto found = styleIds.find(annotation->m_dimstyle_id);
+  const ON_UUID id = found == styleIds.end() ? ON_UUID{} : found->second;
+  if (id == annotation->m_dimstyle_id) return;
   auto own = std::make_shared<ON_Annotation>(*annotation);
-  own->m_dimstyle_id = found->second;
+  own->m_dimstyle_id = id;
   geometry = std::move(own);
 }
 
@@ -239,14 +238,14 @@ void CRhinoDoc::ImportModel(ONX_Model model) {
   maps.groups = AppendGroups(m_group_table, std::move(model.m_group_table));
   m_layer_table =
       CRhinoLayerTable(MergedLayers(m_layer_table, std::move(model.m_layer_table), maps), this);
-  const IdMap<ON_UUID> newStyleIds = FreeIds(model.m_dimstyle_table, m_dimstyle_table.Records());
+  const IdMap<ON_UUID> styleIds = FreeIds(model.m_dimstyle_table, m_dimstyle_table.Records());
   Append(m_dimstyle_table, std::move(model.m_dimstyle_table));
-  const IdMap<ON_UUID> newDefinitionIds =
+  const IdMap<ON_UUID> definitionIds =
       FreeIds(model.m_idef_table, m_instance_definition_table.Records());
   for (ONX_ModelObject& object : model.m_object_table) {
     Remap(object.m_attributes, maps);
-    Remap(object.m_geometry, newDefinitionIds);
-    RemapStyle(object.m_geometry, newStyleIds);
+    Remap(object.m_geometry, definitionIds);
+    RemapStyle(object.m_geometry, styleIds);
     object.m_span = {};
   }
   for (ONX_ModelLight& light : model.m_light_table) {

@@ -52,6 +52,14 @@ ON_3dPoint ON_ArcCurve::PointAt(double t) const {
   return m_arc.PointAt(m_arc.m_angle.ParameterAt(m_t.NormalizedParameterAt(t)));
 }
 
+void ON_ArcCurve::Ev1Der(double t, ON_3dPoint* point, ON_3dVector* derivative) const {
+  const double angle = m_arc.m_angle.ParameterAt(m_t.NormalizedParameterAt(t));
+  const ON_3dVector way =
+      m_arc.plane.xaxis * -std::sin(angle) + m_arc.plane.yaxis * std::cos(angle);
+  *point = m_arc.PointAt(angle);
+  *derivative = way * (m_arc.radius * m_arc.m_angle.Length() / m_t.Length());
+}
+
 bool ON_ArcCurve::GetLength(double* length, double) const {
   const double product = m_arc.radius * m_arc.m_angle.Length();
   if (!std::isfinite(product)) return false;

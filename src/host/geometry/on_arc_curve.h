@@ -29,6 +29,7 @@ class ON_ArcCurve : public ON_Curve {
   bool IsValid() const override { return m_arc.IsValid() && m_t.IsIncreasing(); }
   ON_Interval Domain() const override { return m_t; }
   ON_3dPoint PointAt(double t) const override;
+  void Ev1Der(double t, ON_3dPoint* point, ON_3dVector* derivative) const override;
   bool IsClosed() const override { return m_arc.IsCircle(); }
   bool GetLength(double* length, double fractional_tolerance = 1e-8) const override;
   // Exact: rational and quadratic, with one span up to a quarter of a turn, two up to a half, four

@@ -21,6 +21,8 @@ class ON_Curve : public ON_Geometry {
   virtual ON_Interval Domain() const = 0;
   // Outside the domain the curve goes on as it begins or ends.
   virtual ON_3dPoint PointAt(double t) const = 0;
+  // Point and first derivative.
+  virtual void Ev1Der(double t, ON_3dPoint* point, ON_3dVector* derivative) const = 0;
   ON_3dPoint PointAtStart() const { return PointAt(Domain().Min); }
   ON_3dPoint PointAtEnd() const { return PointAt(Domain().Max); }
   // True when the curve ends where it begins and has been elsewhere.

@@ -25,6 +25,11 @@ ON_3dPoint ON_LineCurve::PointAt(double t) const {
   return ON_PointBetween(m_line.from, m_line.to, m_t.NormalizedParameterAt(t));
 }
 
+void ON_LineCurve::Ev1Der(double t, ON_3dPoint* point, ON_3dVector* derivative) const {
+  *point = PointAt(t);
+  *derivative = (m_line.to - m_line.from) * (1 / m_t.Length());
+}
+
 int ON_LineCurve::IsPolyline(std::vector<ON_3dPoint>* points) const {
   if (points != nullptr) *points = {m_line.from, m_line.to};
   return 2;

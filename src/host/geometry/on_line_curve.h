@@ -15,6 +15,7 @@ class ON_LineCurve : public ON_Curve {
   bool IsValid() const override;
   ON_Interval Domain() const override { return m_t; }
   ON_3dPoint PointAt(double t) const override;
+  void Ev1Der(double t, ON_3dPoint* point, ON_3dVector* derivative) const override;
   bool IsClosed() const override { return false; }
   int IsPolyline(std::vector<ON_3dPoint>* points = nullptr) const override;
   bool GetLength(double* length, double fractional_tolerance = 1e-8) const override;

@@ -4,13 +4,14 @@
 
 #include "host/geometry/on_array.h"
 #include "host/geometry/on_curve.h"
+#include "host/geometry/on_nurbs_span.h"
+#include "host/geometry/on_xform.h"
 
 // A piecewise rational or polynomial curve. It has order + CV count - 2 knots: one less at each end
 // than most texts have.
 class ON_NurbsCurve : public ON_Curve {
  public:
-  // Higher orders are refused, so that evaluation needs a bounded time.
-  static constexpr int kMaxOrder = 32;
+  static constexpr int kMaxOrder = kMaxNurbsOrder;
 
   static const ON_NurbsCurve* Cast(const ON_Object* object);
   // A control point of weight 1.
@@ -31,8 +32,7 @@ class ON_NurbsCurve : public ON_Curve {
   bool IsValid() const override;
   ON_Interval Domain() const override;
   ON_3dPoint PointAt(double t) const override;
-  // Point and first derivative.
-  void Ev1Der(double t, ON_3dPoint* point, ON_3dVector* derivative) const;
+  void Ev1Der(double t, ON_3dPoint* point, ON_3dVector* derivative) const override;
   // A polyline when the order is 2.
   int IsPolyline(std::vector<ON_3dPoint>* points = nullptr) const override;
   bool GetLength(double* length, double fractional_tolerance = 1e-8) const override;
@@ -46,6 +46,13 @@ class ON_NurbsCurve : public ON_Curve {
   // Adds a curve behind it. Both are clamped and of the same order, and the other one's domain
   // begins where this one's ends. So should the points: of the two that meet, the first is kept.
   void Append(const ON_NurbsCurve& next);
+  // Leaves of the curve what lies in `interval`, clamped; parts outside the domain don't count.
+  // False when nothing would be left; the curve is then unchanged.
+  [[nodiscard]] bool Trim(ON_Interval interval);
+  // Runs through the curve in the other direction, in the same domain.
+  void Reverse();
+  // Moves the control points by an affine map: the fourth row of `xform` is taken as 0 0 0 1.
+  void Transform(const ON_Xform& xform);
 
   // The number of coordinates that the document stores: 1 to 3. Those that are missing are 0.
   int m_dim = 3;
@@ -59,6 +66,7 @@ class ON_NurbsCurve : public ON_Curve {
   std::size_t SpanAt(double t) const;
   ON_4dPoint Blossom(std::size_t span, std::span<const double> arguments) const;
   bool IsClamped() const;
-  ON_SimpleArray<double> RaisedKnots(int order) const;
+  ON_SimpleArray<double> RaisedKnots(int order, ON_Interval interval) const;
+  void Rebuild(int order, ON_Interval interval);
   void GetBezier(std::size_t span, std::span<ON_4dPoint> bezier) const;
 };

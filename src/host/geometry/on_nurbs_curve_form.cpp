@@ -49,18 +49,17 @@ bool ON_NurbsCurve::IsClamped() const {
   return m_knot[0] == m_knot[degree - 1] && m_knot[m_cv.size() - 1] == m_knot.back();
 }
 
-// The knots of the same spans in a higher order, with as many at the ends as clamping takes: so
-// that where spans meet, they do it as smoothly as before.
-ON_SimpleArray<double> ON_NurbsCurve::RaisedKnots(int order) const {
-  const ON_Interval domain = Domain();
+// The knots of the spans in `interval` in an order that isn't lower, with as many at the ends as
+// clamping takes: so that where spans meet, they do it as smoothly as before.
+ON_SimpleArray<double> ON_NurbsCurve::RaisedKnots(int order, ON_Interval interval) const {
   const auto more = static_cast<std::size_t>(order - m_order);
-  ON_SimpleArray<double> raised(static_cast<std::size_t>(order) - 1, domain.Min);
+  ON_SimpleArray<double> raised(static_cast<std::size_t>(order) - 1, interval.Min);
   for (std::size_t i = static_cast<std::size_t>(m_order) - 1; i + 1 < m_cv.size(); ++i) {
-    if (m_knot[i] <= domain.Min || m_knot[i] >= domain.Max) continue;
+    if (m_knot[i] <= interval.Min || m_knot[i] >= interval.Max) continue;
     const bool is_new = m_knot[i] != raised.back();
     raised.insert(raised.end(), is_new ? more + 1 : 1, m_knot[i]);
   }
-  raised.insert(raised.end(), static_cast<std::size_t>(order) - 1, domain.Max);
+  raised.insert(raised.end(), static_cast<std::size_t>(order) - 1, interval.Max);
   return raised;
 }
 
@@ -79,10 +78,14 @@ void ON_NurbsCurve::GetBezier(std::size_t span, std::span<ON_4dPoint> bezier) co
 }
 
 void ON_NurbsCurve::ClampAndRaise(int order) {
-  if (order == m_order && IsClamped()) return;
+  if (order != m_order || !IsClamped()) Rebuild(order, Domain());
+}
+
+// Makes it the stretch in `interval`, clamped and in `order`.
+void ON_NurbsCurve::Rebuild(int order, ON_Interval interval) {
   const auto old_degree = static_cast<std::size_t>(Degree());
   const auto degree = static_cast<std::size_t>(order) - 1;
-  ON_SimpleArray<double> knots = RaisedKnots(order);
+  ON_SimpleArray<double> knots = RaisedKnots(order, interval);
   ON_SimpleArray<ON_4dPoint> cvs;
   std::array<ON_4dPoint, kMaxOrder> room;
   const auto bezier = std::span(room).first(degree + 1);
@@ -93,8 +96,8 @@ void ON_NurbsCurve::ClampAndRaise(int order) {
     const double to = knots[std::min(i + degree, knots.size() - 1)];
     const std::size_t found = SpanAt(from + (to - from) / 2);
     if (found != span) GetBezier(span = found, bezier);
-    const ON_Interval interval{m_knot[span + old_degree - 1], m_knot[span + old_degree]};
-    cvs.push_back(BezierBlossom(bezier, interval, std::span(knots).subspan(i, degree)));
+    const ON_Interval piece{m_knot[span + old_degree - 1], m_knot[span + old_degree]};
+    cvs.push_back(BezierBlossom(bezier, piece, std::span(knots).subspan(i, degree)));
   }
   m_order = order;
   m_knot = std::move(knots);

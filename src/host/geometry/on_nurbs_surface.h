@@ -3,6 +3,7 @@
 #include <array>
 
 #include "host/geometry/on_array.h"
+#include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_surface.h"
 
 // A piecewise rational or polynomial tensor product surface. In each direction it has order + CV
@@ -15,6 +16,18 @@ class ON_NurbsSurface : public ON_Surface {
   // i * CVCount(1) + j.
   void Create(std::array<int, 2> order, std::array<ON_SimpleArray<double>, 2> knots,
               ON_SimpleArray<ON_4dPoint> cvs, bool is_rational);
+  // Makes it a surface with the orders and knots of two curves: `make_cv` gives the control point
+  // for one of each.
+  template <class MakeCV>
+  void CreateProduct(const ON_NurbsCurve& u, const ON_NurbsCurve& v, bool is_rational,
+                     const MakeCV& make_cv) {
+    ON_SimpleArray<ON_4dPoint> cvs;
+    cvs.reserve(u.m_cv.size() * v.m_cv.size());
+    for (const ON_4dPoint& a : u.m_cv) {
+      for (const ON_4dPoint& b : v.m_cv) cvs.push_back(make_cv(a, b));
+    }
+    Create({u.Order(), v.Order()}, {u.m_knot, v.m_knot}, std::move(cvs), is_rational);
+  }
 
   int Order(int direction) const { return m_order[static_cast<std::size_t>(direction)]; }
   int Degree(int direction) const { return Order(direction) - 1; }
@@ -37,8 +50,14 @@ class ON_NurbsSurface : public ON_Surface {
   ON_3dPoint PointAt(double u, double v) const override;
   void Ev1Der(double u, double v, ON_3dPoint* point, ON_3dVector* du,
               ON_3dVector* dv) const override;
+  bool IsClosed(int direction) const override;
+  bool IsSingular(Side side) const override;
   bool GetNurbForm(ON_NurbsSurface& form) const override;
+  std::unique_ptr<ON_Surface> DuplicateSurface() const override;
 
+  // The curve in the surface along which the parameter of `direction` runs through its domain and
+  // the other one is `parameter`.
+  ON_NurbsCurve IsoCurve(int direction, double parameter) const;
   // Stretches the knots of a direction so that the domain is this one. Knots may fall together
   // then; see IsValid.
   void SetDomain(int direction, ON_Interval domain);
@@ -48,4 +67,10 @@ class ON_NurbsSurface : public ON_Surface {
   bool m_is_rat = false;
   std::array<ON_SimpleArray<double>, 2> m_knot;
   ON_SimpleArray<ON_4dPoint> m_cv;
+
+ private:
+  std::size_t SpanAt(int direction, double t) const;
+  std::span<const double> SpanKnots(int direction, std::size_t span) const {
+    return std::span(Knots(direction)).subspan(span);
+  }
 };

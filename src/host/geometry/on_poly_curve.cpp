@@ -28,6 +28,14 @@ ON_3dPoint ON_PolyCurve::PointAt(double t) const {
   return segment.PointAt(segment.Domain().ParameterAt(interval.NormalizedParameterAt(t)));
 }
 
+void ON_PolyCurve::Ev1Der(double t, ON_3dPoint* point, ON_3dVector* derivative) const {
+  const std::size_t i = ON_IntervalIndex(m_t, t);
+  const ON_Interval interval{m_t[i], m_t[i + 1]};
+  const ON_Interval domain = m_segment[i]->Domain();
+  m_segment[i]->Ev1Der(domain.ParameterAt(interval.NormalizedParameterAt(t)), point, derivative);
+  *derivative = *derivative * (domain.Length() / interval.Length());
+}
+
 int ON_PolyCurve::IsPolyline(std::vector<ON_3dPoint>* points) const {
   std::vector<ON_3dPoint> all, part;
   for (const auto& segment : m_segment) {

@@ -14,6 +14,7 @@ class ON_PolyCurve : public ON_Curve {
   bool IsValid() const override;
   ON_Interval Domain() const override { return {m_t.front(), m_t.back()}; }
   ON_3dPoint PointAt(double t) const override;
+  void Ev1Der(double t, ON_3dPoint* point, ON_3dVector* derivative) const override;
   // A polyline when all segments are. Where two of them meet stands the point of the second.
   int IsPolyline(std::vector<ON_3dPoint>* points = nullptr) const override;
   bool GetLength(double* length, double fractional_tolerance = 1e-8) const override;

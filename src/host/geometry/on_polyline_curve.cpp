@@ -27,6 +27,12 @@ ON_3dPoint ON_PolylineCurve::PointAt(double t) const {
   return ON_PointBetween(m_pline[i], m_pline[i + 1], interval.NormalizedParameterAt(t));
 }
 
+void ON_PolylineCurve::Ev1Der(double t, ON_3dPoint* point, ON_3dVector* derivative) const {
+  const std::size_t i = ON_IntervalIndex(m_t, t);
+  *point = PointAt(t);
+  *derivative = (m_pline[i + 1] - m_pline[i]) * (1 / (m_t[i + 1] - m_t[i]));
+}
+
 bool ON_PolylineCurve::IsClosed() const {
   return m_pline.size() >= 4 && ON_PointsAreCoincident(m_pline.front(), m_pline.back());
 }

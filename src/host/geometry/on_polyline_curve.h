@@ -12,6 +12,7 @@ class ON_PolylineCurve : public ON_Curve {
   bool IsValid() const override;
   ON_Interval Domain() const override { return {m_t.front(), m_t.back()}; }
   ON_3dPoint PointAt(double t) const override;
+  void Ev1Der(double t, ON_3dPoint* point, ON_3dVector* derivative) const override;
   // At least four points, the last one where the first one is.
   bool IsClosed() const override;
   int IsPolyline(std::vector<ON_3dPoint>* points = nullptr) const override;

@@ -18,8 +18,11 @@ class ON_Surface : public ON_Geometry {
 
   ON_ObjectType ObjectType() const override { return ON_ObjectType::surface; }
   bool HasBrepForm() const override { return true; }
-  // One face with the sides of the domain as its boundary.
+  // One face with the sides of the domain as its boundary, counterclockwise from the south. Edges
+  // are the NURBS curves that the sides are, with the domain of the trims beside them. Sides that
+  // are one curve share an edge; one that is a point has none.
   std::unique_ptr<ON_Brep> BrepForm() const override;
+  virtual std::unique_ptr<ON_Surface> DuplicateSurface() const = 0;
 
   // True when the surface can be evaluated: enough points, parameters that increase, no number that
   // isn't one.
@@ -34,9 +37,9 @@ class ON_Surface : public ON_Geometry {
   // inside the domain; a zero vector when it vanishes there too.
   ON_3dVector NormalAt(double u, double v) const;
   // True when the surface ends in a direction where it begins: its two sides are one curve.
-  virtual bool IsClosed(int direction) const;
+  virtual bool IsClosed(int direction) const = 0;
   // True when a side is a single point.
-  virtual bool IsSingular(Side side) const;
+  virtual bool IsSingular(Side side) const = 0;
   // The same surface as a NURBS surface with the same domain. Points agree, their parameters inside
   // the domain may not, as for curves. False when there is none.
   virtual bool GetNurbForm(ON_NurbsSurface& form) const = 0;
