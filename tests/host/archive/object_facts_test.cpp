@@ -10,11 +10,12 @@
 #include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
 #include "support/class_words.h"
+#include "surface_facts.h"
 
 // The objects and lights of every document of the corpus against the facts that another reader took
 // of them. Attributes are compared for every object. Geometry is compared where it is read: meshes,
-// points, point clouds, clipping planes, curves and block
-// references; the other kinds are counted.
+// points, point clouds, clipping planes, curves, surfaces and block references; the other kinds are
+// counted.
 
 using nlohmann::json;
 
@@ -245,6 +246,7 @@ void ExpectClippingPlane(const json& fact, const ON_ClippingPlaneSurface& surfac
   ExpectNearly(plane["z"], values(surface.m_plane.Normal()), 0, place + ".z");
   EXPECT_EQ(fact["viewports"], surface.m_viewport_ids.size()) << place;
   EXPECT_TRUE(surface.m_bEnabled) << place;
+  ExpectSurface(fact, surface, place);
 }
 
 void ExpectBlockReference(const json& fact, const ON_InstanceRef& reference,
@@ -259,7 +261,9 @@ void ExpectBlockReference(const json& fact, const ON_InstanceRef& reference,
 
 // Boxes are exact but for meshes that round their vertices and for what is computed.
 double BoxTolerance(const json& figures, const ON_Geometry& geometry) {
-  if (ON_Curve::Cast(&geometry) != nullptr) return 1e-12;
+  const bool is_computed =
+      ON_Curve::Cast(&geometry) != nullptr || ON_Surface::Cast(&geometry) != nullptr;
+  if (is_computed) return 1e-12;
   return figures.value("double_precision", false) ? 1e-6 : 0;
 }
 
@@ -279,6 +283,8 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
     ExpectBlockReference(figures, *reference, place);
   } else if (const ON_Curve* curve = ON_Curve::Cast(&geometry)) {
     ExpectCurve(figures, *curve, place);
+  } else if (const ON_Surface* surface = ON_Surface::Cast(&geometry)) {
+    ExpectSurface(figures, *surface, place);
   } else {
     ADD_FAILURE() << place << ": geometry of a kind that isn't compared";
   }
@@ -287,7 +293,7 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
 // The other reader's names of the classes that are read.
 bool IsReadClass(const std::string& name) {
   return name == "ON_Mesh" || name == "ON_Point" || name == "ON_PointCloud" ||
-         name == "ON_InstanceRef" || name == "ON_ClippingPlaneSurface" || name.ends_with("Curve");
+         name == "ON_InstanceRef" || name.ends_with("Curve") || name.ends_with("Surface");
 }
 
 // The other reader turns the arrows of version 2 into lines.
