@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "host/document/annotation_object.h"
 #include "host/document/app.h"
 #include "host/document/block_contents.h"
 #include "host/document/clipping_plane_object.h"
@@ -18,6 +19,9 @@ std::unique_ptr<CRhinoObject> NewObject(CRhinoDoc& doc, unsigned serial_number,
   }
   if (ON_InstanceRef::Cast(object.m_geometry.get()) != nullptr) {
     return std::make_unique<CRhinoInstanceObject>(doc, serial_number, std::move(object));
+  }
+  if (ON_Annotation::Cast(object.m_geometry.get()) != nullptr) {
+    return std::make_unique<CRhinoAnnotationObject>(doc, serial_number, std::move(object));
   }
   return std::make_unique<CRhinoObject>(doc, serial_number, std::move(object));
 }

@@ -8,6 +8,7 @@
 
 #include "host/document/doc.h"
 #include "host/document/new_id.h"
+#include "host/geometry/on_annotation.h"
 #include "host/geometry/on_instance_ref.h"
 #include "host/system/text.h"
 
@@ -152,9 +153,9 @@ class LayerMerger {
   std::map<Place, int> by_place_;
 };
 
-// Gives definitions whose id is taken a new one. The result has the id of each, by the stored one.
-IdMap<ON_UUID> FreeIds(std::vector<ON_InstanceDefinition>& imported,
-                       const std::vector<ON_InstanceDefinition>& open) {
+// Gives records whose id is taken a new one. The result has the id of each, by the stored one.
+template <class Record>
+IdMap<ON_UUID> FreeIds(std::vector<Record>& imported, const std::vector<Record>& open) {
   IdSet taken = IdsOf(open);
   IdMap<ON_UUID> ids;
   for (std::size_t i = 0; i < imported.size(); ++i) {
@@ -175,6 +176,18 @@ void Remap(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& definit
   if (id == reference->m_instance_definition_uuid) return;
   auto own = std::make_shared<ON_InstanceRef>(*reference);
   own->m_instance_definition_uuid = id;
+  geometry = std::move(own);
+}
+
+// The same for an annotation and its style.
+void RemapStyle(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& styleIds) {
+  const ON_Annotation* annotation = ON_Annotation::Cast(geometry.get());
+  if (annotation == nullptr) return;
+  const auto found = styleIds.find(annotation->m_dimstyle_id);
+  const ON_UUID id = found == styleIds.end() ? ON_UUID{} : found->second;
+  if (id == annotation->m_dimstyle_id) return;
+  auto own = std::make_shared<ON_Annotation>(*annotation);
+  own->m_dimstyle_id = id;
   geometry = std::move(own);
 }
 
@@ -225,12 +238,14 @@ void CRhinoDoc::ImportModel(ONX_Model model) {
   maps.groups = AppendGroups(m_group_table, std::move(model.m_group_table));
   m_layer_table =
       CRhinoLayerTable(MergedLayers(m_layer_table, std::move(model.m_layer_table), maps), this);
+  const IdMap<ON_UUID> styleIds = FreeIds(model.m_dimstyle_table, m_dimstyle_table.Records());
   Append(m_dimstyle_table, std::move(model.m_dimstyle_table));
   const IdMap<ON_UUID> definitionIds =
       FreeIds(model.m_idef_table, m_instance_definition_table.Records());
   for (ONX_ModelObject& object : model.m_object_table) {
     Remap(object.m_attributes, maps);
     Remap(object.m_geometry, definitionIds);
+    RemapStyle(object.m_geometry, styleIds);
     object.m_span = {};
   }
   for (ONX_ModelLight& light : model.m_light_table) {
