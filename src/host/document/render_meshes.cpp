@@ -18,7 +18,7 @@ using Meshes = CRhinoObject::Meshes;
 // The render meshes of an object on their way.
 struct Making {
   const CRhinoObject* object;
-  Meshes meshes;
+  Meshes meshes{};
   // How many faces could not be meshed; -1 for an object of whose faces nothing is known.
   int failed_faces = 0;
   bool is_done = false;
