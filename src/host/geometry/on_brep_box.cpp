@@ -41,7 +41,8 @@ bool HasExactForm(const ON_Surface& surface) {
   return ON_NurbsSurface::Cast(&surface) != nullptr || ON_PlaneSurface::Cast(&surface) != nullptr;
 }
 
-// The part of the surface's domain that the trims of a face leave, in both directions.
+// The part of the surface's domain in which the trims of a face lie, in both directions, with a
+// tenth of its length more at each end: a boundary in space may lie beside the surface.
 std::array<ON_Interval, 2> UsedDomain(const ON_Brep& brep, const ON_BrepFace& face) {
   ON_BoundingBox box;
   for (const int li : face.m_li) {
@@ -50,7 +51,9 @@ std::array<ON_Interval, 2> UsedDomain(const ON_Brep& brep, const ON_BrepFace& fa
     }
   }
   const auto part = [](ON_Interval domain, double low, double high) {
-    return ON_Interval{std::max(domain.Min, low), std::min(domain.Max, high)};
+    constexpr double kRoom = 0.1;
+    const double room = kRoom * (high - low);
+    return ON_Interval{std::max(domain.Min, low - room), std::min(domain.Max, high + room)};
   };
   const ON_Surface& surface = brep.SurfaceOf(face);
   return {part(surface.Domain(0), box.m_min.x, box.m_max.x),
