@@ -85,7 +85,8 @@ class ON_Brep : public ON_Geometry {
   bool HasBrepForm() const override { return true; }
   // A copy.
   std::unique_ptr<ON_Brep> BrepForm() const override;
-  // The box of the vertices, edges and surfaces: faces lie inside.
+  // m_bbox where it is valid. Else the box of the faces, computed anew at each call: of the control
+  // points of that part of each surface which the trims of the face need.
   ON_BoundingBox BoundingBox() const override;
 
   // True when every position names a part that is there and each part is named back by those that
@@ -98,9 +99,11 @@ class ON_Brep : public ON_Geometry {
   bool IsSurface() const;
   // True when a face has one loop and that runs along the sides of the surface's domain.
   bool FaceIsSurface(int face_index) const;
-  // Stretches a surface to a new domain in both directions, and the trims of its face with it. A
-  // surface that other faces use too is copied first. False when the face can't be stretched; it
-  // is then unchanged.
+  // Gives a face a surface with another domain in both directions, in NURBS form, and stretches its
+  // trims with it: they get whole curves of their own as MakeValidForV2 gives them. Other faces
+  // keep theirs; what the face had stays in the tables up to Compact. In a brep of one face the new
+  // surface takes the place of the old one. False when the face can't be stretched; it is then
+  // unchanged.
   bool SetFaceDomain(int face_index, ON_Interval u, ON_Interval v);
   // Drops curves and surfaces that no trim, edge or face names. The others keep their order.
   void Compact();
@@ -130,6 +133,8 @@ class ON_Brep : public ON_Geometry {
   std::vector<ON_BrepTrim> m_T;
   std::vector<ON_BrepLoop> m_L;
   std::vector<ON_BrepFace> m_F;
+  // The box of the faces, when it was computed before.
+  ON_BoundingBox m_bbox;
   // 0 not known, 1 closed and looking outwards, 2 closed and looking inwards, 3 open. As stored.
   int m_is_solid = 0;
 };

@@ -1,0 +1,164 @@
+#include <algorithm>
+
+#include "host/geometry/on_arc_curve.h"
+#include "host/geometry/on_brep.h"
+#include "host/geometry/on_nurbs_curve.h"
+#include "host/geometry/on_nurbs_surface.h"
+#include "host/geometry/on_parameters.h"
+#include "host/geometry/on_poly_curve.h"
+
+namespace {
+
+bool GetPart(const ON_Curve& curve, ON_Interval part, ON_NurbsCurve& form);
+
+// An arc's NURBS form goes round with another speed, so that it can't be cut at a parameter of the
+// arc: the arc is cut first.
+bool GetPartOfArc(const ON_ArcCurve& curve, ON_Interval part, ON_NurbsCurve& form) {
+  ON_ArcCurve arc = curve;
+  const auto angle_at = [&](double t) {
+    return curve.m_arc.m_angle.ParameterAt(curve.m_t.NormalizedParameterAt(t));
+  };
+  arc.m_arc.m_angle = {angle_at(part.Min), angle_at(part.Max)};
+  arc.m_t = part;
+  return arc.IsValid() && arc.GetNurbForm(form);
+}
+
+// The part of a segment of a polycurve, which has the stretch `interval` of the polycurve's domain.
+bool GetPartOfSegment(const ON_Curve& segment, ON_Interval interval, ON_Interval part,
+                      ON_NurbsCurve& form) {
+  const ON_Interval inside{std::max(part.Min, interval.Min), std::min(part.Max, interval.Max)};
+  const ON_Interval domain = segment.Domain();
+  const auto own = [&](double t) { return domain.ParameterAt(interval.NormalizedParameterAt(t)); };
+  if (!GetPart(segment, {own(inside.Min), own(inside.Max)}, form)) return false;
+  form.SetDomain(inside);
+  return form.IsValid();
+}
+
+bool GetPartOfPolyCurve(const ON_PolyCurve& curve, ON_Interval part, ON_NurbsCurve& form) {
+  std::vector<ON_NurbsCurve> parts;
+  int order = 2;
+  for (std::size_t i = 0; i < curve.m_segment.size(); ++i) {
+    const ON_Interval interval{curve.m_t[i], curve.m_t[i + 1]};
+    if (interval.Max <= part.Min || interval.Min >= part.Max) continue;
+    if (!GetPartOfSegment(*curve.m_segment[i], interval, part, parts.emplace_back())) return false;
+    order = std::max(order, parts.back().Order());
+  }
+  if (parts.empty()) return false;
+  if (parts.size() > 1) {
+    for (ON_NurbsCurve& p : parts) p.ClampAndRaise(order);
+  }
+  form = std::move(parts.front());
+  for (std::size_t i = 1; i < parts.size(); ++i) form.Append(parts[i]);
+  return form.IsValid();
+}
+
+// A stretch of a curve in NURBS form; its domain is that stretch.
+bool GetPart(const ON_Curve& curve, ON_Interval part, ON_NurbsCurve& form) {
+  if (part == curve.Domain()) return curve.GetNurbForm(form);
+  if (!part.IsIncreasing()) return false;
+  if (const auto* arc = ON_ArcCurve::Cast(&curve)) return GetPartOfArc(*arc, part, form);
+  if (const auto* poly = ON_PolyCurve::Cast(&curve)) return GetPartOfPolyCurve(*poly, part, form);
+  return curve.GetNurbForm(form) && form.Trim(part);
+}
+
+// What a trim stands for, in its own direction. Null when it has no NURBS form.
+std::shared_ptr<ON_NurbsCurve> WholeCurve(const ON_Brep& brep, const ON_BrepTrim& trim) {
+  auto curve = std::make_shared<ON_NurbsCurve>();
+  if (!GetPart(brep.CurveOf(trim), trim.m_domain, *curve)) return nullptr;
+  if (trim.m_bReversed) curve->Reverse();
+  return curve;
+}
+
+void SetWholeCurve(ON_BrepTrim& trim, const ON_Curve& curve, std::size_t index) {
+  trim.m_c2i = static_cast<int>(index);
+  trim.m_bReversed = false;
+  trim.m_domain = curve.Domain();
+}
+
+// Moves a curve in a rectangle of parameters to the same place in another one.
+void Stretch(ON_NurbsCurve& curve, const std::array<ON_Interval, 2>& from,
+             const std::array<ON_Interval, 2>& to) {
+  const auto stretched = [&](double x, double weight, std::size_t direction) {
+    const ON_Interval &old = from[direction], &now = to[direction];
+    return (x - old.Min * weight) / old.Length() * now.Length() + now.Min * weight;
+  };
+  for (ON_4dPoint& cv : curve.m_cv) {
+    cv.x = stretched(cv.x, cv.w, 0);
+    cv.y = stretched(cv.y, cv.w, 1);
+  }
+}
+
+// Drops what isn't used and returns the new position of each, -1 for what was dropped.
+template <class T>
+std::vector<int> KeepUsed(std::vector<T>& table, const std::vector<bool>& is_used) {
+  std::vector<int> position(table.size(), -1);
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    if (!is_used[i]) continue;
+    position[i] = static_cast<int>(count);
+    if (i != count) table[count] = std::move(table[i]);
+    ++count;
+  }
+  table.resize(count);
+  return position;
+}
+
+template <class T, class Part>
+void CompactTable(std::vector<T>& table, std::vector<Part>& parts, int Part::*index) {
+  std::vector<bool> is_used(table.size(), false);
+  for (const Part& part : parts) is_used[static_cast<std::size_t>(part.*index)] = true;
+  const std::vector<int> position = KeepUsed(table, is_used);
+  for (Part& part : parts) part.*index = position[static_cast<std::size_t>(part.*index)];
+}
+
+}  // namespace
+
+bool ON_Brep::SetFaceDomain(int face_index, ON_Interval u, ON_Interval v) {
+  if (Face(face_index) == nullptr || !u.IsIncreasing() || !v.IsIncreasing()) return false;
+  ON_BrepFace& face = m_F[static_cast<std::size_t>(face_index)];
+  const auto surface = std::make_shared<ON_NurbsSurface>();
+  if (!SurfaceOf(face).GetNurbForm(*surface)) return false;
+  const std::array<ON_Interval, 2> from{surface->Domain(0), surface->Domain(1)};
+  surface->SetDomain(0, u);
+  surface->SetDomain(1, v);
+  if (!surface->IsValid()) return false;
+
+  std::vector<std::pair<ON_BrepTrim*, std::shared_ptr<ON_NurbsCurve>>> curves;
+  for (const int li : face.m_li) {
+    for (const int ti : m_L[static_cast<std::size_t>(li)].m_ti) {
+      ON_BrepTrim& trim = m_T[static_cast<std::size_t>(ti)];
+      curves.emplace_back(&trim, WholeCurve(*this, trim));
+      if (curves.back().second == nullptr) return false;
+      Stretch(*curves.back().second, from, {u, v});
+    }
+  }
+  // Who else uses the old ones isn't known, unless there is nobody else.
+  if (m_F.size() == 1) {
+    m_S[static_cast<std::size_t>(face.m_si)] = surface;
+  } else {
+    face.m_si = static_cast<int>(m_S.size());
+    m_S.push_back(surface);
+  }
+  for (auto& [trim, curve] : curves) {
+    SetWholeCurve(*trim, *curve, m_C2.size());
+    m_C2.push_back(std::move(curve));
+  }
+  return true;
+}
+
+void ON_Brep::Compact() {
+  CompactTable(m_C2, m_T, &ON_BrepTrim::m_c2i);
+  CompactTable(m_C3, m_E, &ON_BrepEdge::m_c3i);
+  CompactTable(m_S, m_F, &ON_BrepFace::m_si);
+}
+
+bool ON_Brep::MakeValidForV2() {
+  std::vector<std::shared_ptr<const ON_Curve>> curves;
+  for (const ON_BrepTrim& trim : m_T) {
+    curves.push_back(WholeCurve(*this, trim));
+    if (curves.back() == nullptr) return false;
+  }
+  m_C2 = std::move(curves);
+  for (std::size_t i = 0; i < m_T.size(); ++i) SetWholeCurve(m_T[i], *m_C2[i], i);
+  return true;
+}
