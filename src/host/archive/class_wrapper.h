@@ -28,9 +28,10 @@ using UserDataReader = std::function<void(ON_BinaryArchive& archive, const ON_UU
                                 const UserDataReader& reader = nullptr);
 
 // The next chunk is a wrapper: opens it, reads the class id, the data with `read_data`, called with
-// that id and the data chunk open, and the user strings.
+// that id and the data chunk open, and the user data as ReadUserData does.
 [[nodiscard]] bool ReadWrappedClass(
     ON_BinaryArchive& archive, ON_UserStringList* strings,
-    const std::function<bool(ON_BinaryArchive& archive, const ON_UUID& class_id)>& read_data);
+    const std::function<bool(ON_BinaryArchive& archive, const ON_UUID& class_id)>& read_data,
+    const UserDataReader& read_user_data = nullptr);
 
 }  // namespace host
