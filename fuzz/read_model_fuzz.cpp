@@ -5,6 +5,7 @@
 #include "host/archive/model_reader.h"
 #include "host/geometry/on_curve.h"
 #include "host/geometry/on_nurbs_curve.h"
+#include "host/geometry/on_nurbs_surface.h"
 
 namespace {
 
@@ -19,6 +20,17 @@ void Ask(const ON_Curve& curve) {
   static_cast<void>(curve.BoundingBox());
 }
 
+// So do surfaces. Those of a clipping plane may be without extent.
+void Ask(const ON_Surface& surface) {
+  if (surface.ObjectType() != ON_ObjectType::surface) return;
+  if (!surface.IsValid()) __builtin_trap();
+  for (const double u : {surface.Domain(0).Min, surface.Domain(0).ParameterAt(0.5)}) {
+    static_cast<void>(surface.NormalAt(u, surface.Domain(1).Max));
+  }
+  static_cast<void>(surface.BrepForm());
+  static_cast<void>(surface.BoundingBox());
+}
+
 }  // namespace
 
 // Documents of foreign bytes: whatever they are, reading ends with a result.
@@ -29,6 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (result.ok != result.error.empty()) __builtin_trap();
   for (const ONX_ModelObject& object : model.m_object_table) {
     if (const ON_Curve* curve = ON_Curve::Cast(object.m_geometry.get())) Ask(*curve);
+    if (const ON_Surface* surface = ON_Surface::Cast(object.m_geometry.get())) Ask(*surface);
   }
   return 0;
 }

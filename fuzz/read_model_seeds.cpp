@@ -6,10 +6,13 @@
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_nurbs_curve.h"
+#include "host/geometry/on_nurbs_surface.h"
 #include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
 #include "host/geometry/on_poly_curve.h"
 #include "host/geometry/on_polyline_curve.h"
+#include "host/geometry/on_rev_surface.h"
+#include "host/geometry/on_sum_surface.h"
 #include "host/system/file.h"
 #include "host/system/path.h"
 #include "support/model_writer.h"
@@ -100,6 +103,23 @@ void AddCurves(ONX_Model& model) {
   AddObject(model, NestedCurve());
 }
 
+void AddSurfaces(ONX_Model& model) {
+  AddObject(model, std::make_shared<ON_PlaneSurface>());
+  auto revolution = std::make_shared<ON_RevSurface>();
+  revolution->m_angle = {0, 6};
+  revolution->m_curve = std::make_shared<ON_LineCurve>(ON_3dPoint{1, 0, 0}, ON_3dPoint{2, 0, 3});
+  AddObject(model, std::move(revolution));
+  auto sum = std::make_shared<ON_SumSurface>();
+  sum->m_curve[0] = std::make_shared<ON_ArcCurve>(ON_Arc{{}, 2, {0, 1}});
+  sum->m_curve[1] = std::make_shared<ON_LineCurve>(ON_3dPoint{0, 0, 0}, ON_3dPoint{0, 0, 3});
+  AddObject(model, std::move(sum));
+  auto nurbs = std::make_shared<ON_NurbsSurface>();
+  nurbs->Create(
+      {2, 3}, {{{0, 1}, {0, 0, 1, 1}}},
+      {{0, 0, 0, 1}, {0, 1, 1, 2}, {0, 2, 0, 1}, {1, 0, 0, 1}, {1, 1, 1, 2}, {1, 2, 0, 1}}, true);
+  AddObject(model, std::move(nurbs));
+}
+
 void AddObjects(ONX_Model& model) {
   AddObject(model, std::make_shared<ON_Mesh>(MakeBox({{0, 0, 0}, {1, 2, 3}})));
   auto mesh = std::make_shared<ON_Mesh>(MakeSphere({0, 0, 0}, 1, 6, 4));
@@ -112,6 +132,7 @@ void AddObjects(ONX_Model& model) {
   plane->m_viewport_ids = {Id(7), Id(8)};
   AddObject(model, std::move(plane));
   AddCurves(model);
+  AddSurfaces(model);
   AddObject(model, nullptr);
 }
 

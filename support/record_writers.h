@@ -36,6 +36,11 @@ void WriteClippingPlaneData(ON_BinaryArchive& archive, const ON_ClippingPlaneSur
 void WriteCurveData(ON_BinaryArchive& archive, const ON_Curve& curve);
 // The id under which a curve's class is written.
 ON_UUID CurveClass(const ON_Curve& curve);
+void WriteSurfaceData(ON_BinaryArchive& archive, const ON_Surface& surface);
+// The id under which a surface's class is written.
+ON_UUID SurfaceClass(const ON_Surface& surface);
+// What a clipping plane has of a plane surface's data.
+void WritePlaneSurfaceData(ON_BinaryArchive& archive, const ON_PlaneSurface& surface);
 
 // The table of one plug-in.
 void WritePlugInData(ON_BinaryArchive& archive, const ONX_PlugInData& data);

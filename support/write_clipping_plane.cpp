@@ -8,13 +8,7 @@ void WriteClippingPlaneData(ON_BinaryArchive& archive, const ON_ClippingPlaneSur
   const ChunkWriter data(archive, TCODE_ANONYMOUS_CHUNK, 1, 0);
   {
     const ChunkWriter rectangle(archive, TCODE_ANONYMOUS_CHUNK);
-    archive.Write3dmChunkVersion(1, 1);
-    archive.WritePlane(surface.m_plane);
-    // The ranges of the parameters, then the sides.
-    for (int i = 0; i < 2; ++i) {
-      archive.WriteInterval(surface.m_extents[0]);
-      archive.WriteInterval(surface.m_extents[1]);
-    }
+    WritePlaneSurfaceData(archive, surface);
   }
   const std::vector<ON_UUID>& ids = surface.m_viewport_ids;
   const ChunkWriter clipping(archive, TCODE_ANONYMOUS_CHUNK, 1, 1);

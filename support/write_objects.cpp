@@ -88,6 +88,10 @@ GeometryWriter WriterFor(const ONX_ModelObject& object) {
   if (const ON_Curve* curve = ON_Curve::Cast(geometry)) {
     return {CurveClass(*curve), [curve](ON_BinaryArchive& data) { WriteCurveData(data, *curve); }};
   }
+  if (const ON_Surface* surface = ON_Surface::Cast(geometry)) {
+    return {SurfaceClass(*surface),
+            [surface](ON_BinaryArchive& data) { WriteSurfaceData(data, *surface); }};
+  }
   return {object.m_class_id, [](ON_BinaryArchive& data) { data.Write3dmChunkVersion(1, 0); }};
 }
 

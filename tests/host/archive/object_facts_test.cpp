@@ -10,10 +10,11 @@
 #include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
 #include "support/class_words.h"
+#include "surface_facts.h"
 
 // The objects and lights of every document of the corpus against the facts that another reader took
 // of them. Attributes are compared for every object. Geometry is compared where it is read: meshes,
-// points, point clouds, clipping planes and curves; the other kinds are counted.
+// points, point clouds, clipping planes, curves and surfaces; the other kinds are counted.
 
 using nlohmann::json;
 
@@ -244,11 +245,14 @@ void ExpectClippingPlane(const json& fact, const ON_ClippingPlaneSurface& surfac
   ExpectNearly(plane["z"], values(surface.m_plane.Normal()), 0, place + ".z");
   EXPECT_EQ(fact["viewports"], surface.m_viewport_ids.size()) << place;
   EXPECT_TRUE(surface.m_bEnabled) << place;
+  ExpectSurface(fact, surface, place);
 }
 
 // Boxes are exact but for meshes that round their vertices and for what is computed.
 double BoxTolerance(const json& figures, const ON_Geometry& geometry) {
-  if (ON_Curve::Cast(&geometry) != nullptr) return 1e-12;
+  const bool is_computed =
+      ON_Curve::Cast(&geometry) != nullptr || ON_Surface::Cast(&geometry) != nullptr;
+  if (is_computed) return 1e-12;
   return figures.value("double_precision", false) ? 1e-6 : 0;
 }
 
@@ -268,6 +272,8 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
     ExpectCurve(figures, *curve, place);
   } else if (const ON_Brep* brep = ON_Brep::Cast(&geometry)) {
     ExpectBrep(figures, *brep, place);
+  } else if (const ON_Surface* surface = ON_Surface::Cast(&geometry)) {
+    ExpectSurface(figures, *surface, place);
   } else {
     ADD_FAILURE() << place << ": geometry of a kind that isn't compared";
   }
@@ -276,7 +282,7 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
 // The other reader's names of the classes that are read.
 bool IsReadClass(const std::string& name) {
   return name == "ON_Mesh" || name == "ON_Point" || name == "ON_PointCloud" ||
-         name == "ON_ClippingPlaneSurface" || name == "ON_Brep" || name.ends_with("Curve");
+         name == "ON_Brep" || name.ends_with("Curve") || name.ends_with("Surface");
 }
 
 // The other reader turns the arrows of version 2 into lines.
