@@ -174,8 +174,8 @@ std::unique_ptr<ON_Brep> BrepBuilder::Take() {
     trim.m_type = singular;
     if (trim.m_ei == -1) continue;
     const std::vector<int>& sides = At(brep_->m_E, trim.m_ei).m_ti;
-    const bool is_seam = sides.size() == 2 && At(brep_->m_T, sides[0]).m_li ==
-                                                  At(brep_->m_T, sides[1]).m_li;
+    const bool is_seam =
+        sides.size() == 2 && At(brep_->m_T, sides[0]).m_li == At(brep_->m_T, sides[1]).m_li;
     trim.m_type = sides.size() == 1 ? boundary : is_seam ? seam : mated;
   }
   return std::exchange(brep_, std::make_unique<ON_Brep>());
@@ -196,8 +196,8 @@ std::vector<BrepBuilder::Trim> RectangleTrims(ON_Interval u, ON_Interval v) {
 std::unique_ptr<ON_Brep> MakePlateBrep(double half, double hole_radius) {
   BrepBuilder builder;
   StraightEdges edges(builder);
-  const ON_3dPoint corners[] = {{-half, -half, 0}, {half, -half, 0}, {half, half, 0},
-                                {-half, half, 0}};
+  const ON_3dPoint corners[] = {
+      {-half, -half, 0}, {half, -half, 0}, {half, half, 0}, {-half, half, 0}};
   for (const ON_3dPoint& corner : corners) edges.AddVertex(corner);
   edges.AddFace({0, 1, 2, 3});
   // In the parameters of the face, which begin at its corner.
@@ -213,9 +213,12 @@ std::unique_ptr<ON_Brep> MakeBoxBrep(const ON_BoundingBox& box) {
   BrepBuilder builder;
   StraightEdges edges(builder);
   for (const ON_3dPoint& corner : box.GetCorners()) edges.AddVertex(corner);
-  for (const std::array<int, 4>& corners :
-       {std::array{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4}, {1, 3, 7, 5}, {3, 2, 6, 7},
-        {2, 0, 4, 6}}) {
+  for (const std::array<int, 4>& corners : {std::array{0, 2, 3, 1},
+                                            {4, 5, 7, 6},
+                                            {0, 1, 5, 4},
+                                            {1, 3, 7, 5},
+                                            {3, 2, 6, 7},
+                                            {2, 0, 4, 6}}) {
     edges.AddFace(corners);
   }
   std::unique_ptr<ON_Brep> brep = builder.Take();

@@ -15,8 +15,8 @@ std::unique_ptr<ON_Brep> MakePlateBrep(double half, double hole_radius);
 // Six plane faces, twelve edges, eight vertices. The box must be valid and have a volume.
 std::unique_ptr<ON_Brep> MakeBoxBrep(const ON_BoundingBox& box);
 
-// The cylinder about the z axis from 0 to `height`: a closed rational face with a seam, and two caps
-// of one circular trim each, of which the lower one is reversed.
+// The cylinder about the z axis from 0 to `height`: a closed rational face with a seam, and two
+// caps of one circular trim each, of which the lower one is reversed.
 std::unique_ptr<ON_Brep> MakeCylinderBrep(double radius, double height);
 
 // Puts a brep together part by part.

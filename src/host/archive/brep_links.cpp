@@ -187,9 +187,8 @@ bool LinkBrep(ON_BinaryArchive& archive, ON_Brep& brep) {
   }
   LeaveOutUnusable(brep);
   if (brep.m_F.empty()) return archive.Fail("a brep without a face that can be used");
-  if (!std::all_of(brep.m_F.begin(), brep.m_F.end(), [&](const ON_BrepFace& face) {
-        return LoopsAreClosed(brep, face);
-      })) {
+  if (!std::all_of(brep.m_F.begin(), brep.m_F.end(),
+                   [&](const ON_BrepFace& face) { return LoopsAreClosed(brep, face); })) {
     return archive.Fail("a brep with an open loop");
   }
   SetOwners(brep);

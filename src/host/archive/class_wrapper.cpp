@@ -93,7 +93,7 @@ bool ReadUserData(ON_BinaryArchive& archive, ON_UserStringList* strings,
 bool ReadWrappedClass(
     ON_BinaryArchive& archive, ON_UserStringList* strings,
     const std::function<bool(ON_BinaryArchive& archive, const ON_UUID& class_id)>& read_data,
-    const UserDataReader& reader) {
+    const UserDataReader& read_user_data) {
   const ChunkScope scope(archive);
   ON_UUID class_id;
   if (!BeginReadChunkOf(archive, TCODE_OPENNURBS_CLASS, "a record without an object") ||
@@ -103,7 +103,7 @@ bool ReadWrappedClass(
   if (class_id.IsNil()) return archive.Fail("a record without an object");
   if (!BeginReadClassData(archive)) return false;
   const bool read = read_data(archive, class_id);
-  return archive.EndRead3dmChunk() && read && ReadUserData(archive, strings, reader);
+  return archive.EndRead3dmChunk() && read && ReadUserData(archive, strings, read_user_data);
 }
 
 }  // namespace host

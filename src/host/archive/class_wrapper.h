@@ -32,6 +32,6 @@ using UserDataReader = std::function<void(ON_BinaryArchive& archive, const ON_UU
 [[nodiscard]] bool ReadWrappedClass(
     ON_BinaryArchive& archive, ON_UserStringList* strings,
     const std::function<bool(ON_BinaryArchive& archive, const ON_UUID& class_id)>& read_data,
-    const UserDataReader& reader = nullptr);
+    const UserDataReader& read_user_data = nullptr);
 
 }  // namespace host

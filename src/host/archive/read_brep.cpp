@@ -19,8 +19,11 @@ constexpr std::array kBrepClasses{
 
 template <class T>
 std::shared_ptr<const T> ReadItem(ON_BinaryArchive& archive) {
-  if constexpr (std::is_same_v<T, ON_Curve>) return ReadCurve(archive);
-  return ReadSurface(archive);
+  if constexpr (std::is_same_v<T, ON_Curve>) {
+    return ReadCurve(archive);
+  } else {
+    return ReadSurface(archive);
+  }
 }
 
 // A chunk of curves or surfaces. One that is broken is null.
@@ -91,8 +94,7 @@ bool ReadBrep(ON_BinaryArchive& archive, ON_Brep& brep) {
   int major = 0, minor = 0;
   if (!archive.Read3dmChunkVersion(&major, &minor)) return false;
   if (major != 2 && major != 3) return archive.Fail("a brep of an unknown version");
-  const bool read =
-      major == 3 ? ReadBody(archive, minor, brep) : ReadOldBrep(archive, minor, brep);
+  const bool read = major == 3 ? ReadBody(archive, minor, brep) : ReadOldBrep(archive, minor, brep);
   return read && LinkBrep(archive, brep);
 }
 

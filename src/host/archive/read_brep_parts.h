@@ -13,6 +13,8 @@ namespace host {
 
 // What stands behind the version 2 of older breps.
 [[nodiscard]] bool ReadOldBrep(ON_BinaryArchive& archive, int minor, ON_Brep& brep);
+// Adds to such a brep the vertices, and to its trims the type and how they run.
+void CompleteOldBrep(ON_Brep& brep);
 
 // A byte for each face that tells whether a mesh follows. A broken mesh is null.
 [[nodiscard]] bool ReadFaceMeshes(ON_BinaryArchive& archive, std::vector<ON_BrepFace>& faces,

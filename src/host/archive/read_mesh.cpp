@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "host/archive/chunk_scope.h"
+#include "host/archive/class_wrapper.h"
 #include "host/archive/read_geometry.h"
 #include "host/archive/read_mesh_extras.h"
 
@@ -174,6 +175,21 @@ bool ReadMesh(ON_BinaryArchive& archive, ON_Mesh& mesh) {
   if (!archive.Read3dmChunkVersion(&major, &minor)) return false;
   if (major != 1 && major != 3) return archive.Fail("a mesh of an unknown version");
   return ReadMeshBody(archive, major, minor, mesh);
+}
+
+std::shared_ptr<ON_Mesh> ReadWrappedMesh(ON_BinaryArchive& archive) {
+  auto mesh = std::make_shared<ON_Mesh>();
+  const auto read_data = [&](ON_BinaryArchive& data, const ON_UUID& class_id) {
+    if (class_id != kMeshClass) {
+      return data.Fail("a part that should be a mesh is of another class");
+    }
+    return ReadMesh(data, *mesh);
+  };
+  const auto read_user_data = [&](ON_BinaryArchive& payload, const ON_UUID& class_id) {
+    ReadMeshUserData(payload, class_id, *mesh);
+  };
+  const bool read = ReadWrappedClass(archive, &mesh->m_user_strings, read_data, read_user_data);
+  return read ? mesh : nullptr;
 }
 
 }  // namespace host

@@ -4,6 +4,7 @@
 #include "host/archive/class_wrapper.h"
 #include "host/archive/read_annotation.h"
 #include "host/archive/read_attributes.h"
+#include "host/archive/read_brep.h"
 #include "host/archive/read_curve.h"
 #include "host/archive/read_geometry.h"
 #include "host/archive/read_surface.h"
@@ -12,7 +13,6 @@
 namespace host {
 namespace {
 
-constexpr ON_UUID kMeshClass = "4ed7d4e4-e947-11d3-bfe5-0010830122f0"_uuid;
 constexpr ON_UUID kPointClass = "c3101a1d-f157-11d3-bfe7-0010830122f0"_uuid;
 constexpr ON_UUID kPointCloudClass = "2488f347-f8fa-11d3-bfec-0010830122f0"_uuid;
 constexpr ON_UUID kClippingPlaneClass = "dbc5a584-ce3f-4170-98a8-497069ca5c36"_uuid;
@@ -92,6 +92,7 @@ bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCoun
   if (IsCurveClass(id)) return ReadGeometryWith(ReadCurveOf, archive, object);
   if (IsSurfaceClass(id)) return ReadGeometryWith(ReadSurfaceOf, archive, object);
   if (IsAnnotationClass(id)) return ReadAnnotationObject(archive, object, styles);
+  if (IsBrepClass(id)) return ReadGeometryOf<ON_Brep>(archive, ReadBrep, object.m_geometry);
   unread.Add(ClassName(id));
   return true;
 }

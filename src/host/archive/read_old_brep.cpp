@@ -1,19 +1,13 @@
-#include <algorithm>
-#include <numeric>
-
 #include "host/archive/chunk_scope.h"
 #include "host/archive/read_brep_parts.h"
 #include "host/archive/read_curve_classes.h"
 #include "host/archive/read_surface_classes.h"
 
 // The form of version 2: the curves of the trims and edges and the surfaces of the faces as bare
-// data, then the faces with their loops and trims. It has no vertices, and doesn't tell how trims
-// run over their surfaces.
+// data, then the faces with their loops and trims.
 
 namespace host {
 namespace {
-
-using Iso = ON_BrepTrim::Iso;
 
 constexpr std::uint64_t kBoxSize = 6 * sizeof(double);
 
@@ -134,111 +128,6 @@ bool ReadFace(ON_BinaryArchive& archive, ON_Brep& brep, std::size_t index) {
   return true;
 }
 
-void SetType(const ON_Brep& brep, ON_BrepTrim& trim) {
-  using enum ON_BrepTrim::Type;
-  if (trim.m_ei == -1) {
-    trim.m_type = singular;
-    return;
-  }
-  const std::vector<int>& sides = At(brep.m_E, trim.m_ei).m_ti;
-  const auto is_of_loop = [&](int index) { return At(brep.m_T, index).m_li == trim.m_li; };
-  const bool is_seam = std::count_if(sides.begin(), sides.end(), is_of_loop) > 1;
-  trim.m_type = sides.size() == 1 ? boundary : is_seam ? seam : mated;
-}
-
-// Along which side of the domain, or else along which parameter, a curve runs.
-Iso IsoOf(const ON_Surface& surface, const ON_Curve& curve) {
-  constexpr double kRounding = 1e-9;
-  const ON_BoundingBox box = curve.BoundingBox();
-  const ON_Interval u = surface.Domain(0), v = surface.Domain(1);
-  const auto is_at = [&](double low, double high, double t, const ON_Interval& domain) {
-    return std::max(std::abs(low - t), std::abs(high - t)) <= kRounding * domain.Length();
-  };
-  if (is_at(box.m_min.x, box.m_max.x, u.Min, u)) return Iso::west;
-  if (is_at(box.m_min.x, box.m_max.x, u.Max, u)) return Iso::east;
-  if (is_at(box.m_min.y, box.m_max.y, v.Min, v)) return Iso::south;
-  if (is_at(box.m_min.y, box.m_max.y, v.Max, v)) return Iso::north;
-  if (is_at(box.m_min.x, box.m_max.x, box.m_min.x, u)) return Iso::x;
-  return is_at(box.m_min.y, box.m_max.y, box.m_min.y, v) ? Iso::y : Iso::none;
-}
-
-void SetTypesAndIsos(ON_Brep& brep) {
-  for (const ON_BrepFace& face : brep.m_F) {
-    for (const int li : face.m_li) {
-      for (const int ti : At(brep.m_L, li).m_ti) {
-        ON_BrepTrim& trim = At(brep.m_T, ti);
-        SetType(brep, trim);
-        trim.m_iso = IsoOf(brep.SurfaceOf(face), brep.CurveOf(trim));
-      }
-    }
-  }
-}
-
-// Finds out which ends of edges are one vertex: those that meet where a trim of a loop follows
-// another.
-class VertexFinder {
- public:
-  explicit VertexFinder(ON_Brep& brep);
-  void JoinEnds();
-  void AddVertices();
-
- private:
-  // An end of an edge, or a singular trim, which is a point.
-  std::size_t EndOf(int trim_index, bool at_start) const;
-  std::size_t First(std::size_t end);
-
-  ON_Brep& brep_;
-  // Another end of the same vertex, or itself.
-  std::vector<std::size_t> other_;
-};
-
-VertexFinder::VertexFinder(ON_Brep& brep)
-    : brep_(brep), other_(2 * brep.m_E.size() + brep.m_T.size()) {
-  std::iota(other_.begin(), other_.end(), std::size_t{0});
-}
-
-std::size_t VertexFinder::EndOf(int trim_index, bool at_start) const {
-  const ON_BrepTrim& trim = At(brep_.m_T, trim_index);
-  if (trim.m_ei == -1) return 2 * brep_.m_E.size() + static_cast<std::size_t>(trim_index);
-  return 2 * static_cast<std::size_t>(trim.m_ei) + (at_start != trim.m_bRev3d ? 0 : 1);
-}
-
-std::size_t VertexFinder::First(std::size_t end) {
-  while (other_[end] != end) end = other_[end] = other_[other_[end]];
-  return end;
-}
-
-void VertexFinder::JoinEnds() {
-  for (const ON_BrepLoop& loop : brep_.m_L) {
-    if (loop.m_ti.empty()) continue;
-    int last = loop.m_ti.back();
-    for (const int index : loop.m_ti) {
-      const std::size_t a = First(EndOf(last, false)), b = First(EndOf(index, true));
-      // The lowest one leads, so that it is the end of an edge where there is one.
-      other_[std::max(a, b)] = std::min(a, b);
-      last = index;
-    }
-  }
-}
-
-void VertexFinder::AddVertices() {
-  std::vector<int> vertex(other_.size(), -1);
-  const auto vertex_at = [&](std::size_t end) { return vertex[First(end)]; };
-  for (std::size_t end = 0; end < 2 * brep_.m_E.size(); ++end) {
-    if (First(end) != end) continue;
-    vertex[end] = static_cast<int>(brep_.m_V.size());
-    const ON_Curve& curve = *brep_.m_C3[end / 2];
-    brep_.m_V.emplace_back().point = end % 2 == 0 ? curve.PointAtStart() : curve.PointAtEnd();
-  }
-  for (std::size_t i = 0; i < brep_.m_E.size(); ++i) {
-    brep_.m_E[i].m_vi = {vertex_at(2 * i), vertex_at(2 * i + 1)};
-  }
-  for (std::size_t i = 0; i < brep_.m_T.size(); ++i) {
-    const int index = static_cast<int>(i);
-    brep_.m_T[i].m_vi = {vertex_at(EndOf(index, true)), vertex_at(EndOf(index, false))};
-  }
-}
-
 bool ReadGeometry(ON_BinaryArchive& archive, ON_Brep& brep) {
   if (!ReadCurves(archive, brep.m_T.size(), brep.m_C2) ||
       !ReadCurves(archive, brep.m_E.size(), brep.m_C3) || !ReadSurfaces(archive, brep)) {
@@ -258,10 +147,7 @@ bool ReadOldBrep(ON_BinaryArchive& archive, int minor, ON_Brep& brep) {
   for (std::size_t i = 0; i < brep.m_F.size(); ++i) {
     if (!ReadFace(archive, brep, i)) return false;
   }
-  SetTypesAndIsos(brep);
-  VertexFinder vertices(brep);
-  vertices.JoinEnds();
-  vertices.AddVertices();
+  CompleteOldBrep(brep);
   return ReadFaceMeshes(archive, brep.m_F, &ON_BrepFace::m_render_mesh) &&
          (minor < 1 || ReadFaceMeshes(archive, brep.m_F, &ON_BrepFace::m_analysis_mesh));
 }

@@ -2,6 +2,7 @@
 #include <map>
 #include <numbers>
 
+#include "brep_facts.h"
 #include "curve_facts.h"
 #include "facts_documents.h"
 #include "host/archive/class_names.h"
@@ -285,6 +286,8 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
     ExpectCurve(figures, *curve, place);
   } else if (const ON_Surface* surface = ON_Surface::Cast(&geometry)) {
     ExpectSurface(figures, *surface, place);
+  } else if (const ON_Brep* brep = ON_Brep::Cast(&geometry)) {
+    ExpectBrep(figures, *brep, place);
   } else {
     ADD_FAILURE() << place << ": geometry of a kind that isn't compared";
   }
@@ -293,7 +296,8 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
 // The other reader's names of the classes that are read.
 bool IsReadClass(const std::string& name) {
   return name == "ON_Mesh" || name == "ON_Point" || name == "ON_PointCloud" ||
-         name == "ON_InstanceRef" || name.ends_with("Curve") || name.ends_with("Surface");
+         name == "ON_InstanceRef" || name == "ON_Brep" || name.ends_with("Curve") ||
+         name.ends_with("Surface");
 }
 
 // The other reader turns the arrows of version 2 into lines.
