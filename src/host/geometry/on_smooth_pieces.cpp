@@ -85,13 +85,14 @@ void Cut(const ON_NurbsCurve& curve, std::vector<ON_NurbsCurve>& pieces) {
   for (std::size_t i = 1; i < ON_SpanCount(curve); ++i) {
     if (ON_IsEmptySpan(curve, i)) continue;
     // Where fewer knots fall together, direction and curvature go on as they were.
-    const bool may_kink = i - last + 1 >= degree && !IsPointSpan(curve, i);
-    if (may_kink && HasKinkBetween(curve, last_with_direction, curve, i)) {
+    const bool may_kink = i - last + 1 >= degree || last != last_with_direction;
+    const bool is_point = IsPointSpan(curve, i);
+    if (may_kink && !is_point && HasKinkBetween(curve, last_with_direction, curve, i)) {
       pieces.push_back(ON_SpansOf(curve, first, last));
       first = i;
     }
     last = i;
-    if (!IsPointSpan(curve, i)) last_with_direction = i;
+    if (!is_point) last_with_direction = i;
   }
   pieces.push_back(ON_SpansOf(curve, first, last));
 }
