@@ -1,10 +1,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "host/archive/model.h"
 #include "host/geometry/on_object.h"
+#include "host/geometry/on_mesh.h"
 #include "host/geometry/on_object_attributes.h"
 #include "host/geometry/on_tables.h"
 
@@ -29,6 +32,8 @@ class CRhinoObject {
   const ON_Material& ObjectMaterial() const;
   // Null for an object whose class isn't read; such an object is kept and listed only.
   const ON_Geometry* Geometry() const { return geometry_.get(); }
+  std::shared_ptr<const ON_Geometry> SharedGeometry() const { return geometry_; }
+  const CRhinoDoc& Document() const { return doc_; }
   // By the geometry, or by what the document says where there is none.
   ON_ObjectType ObjectType() const;
   // What the object is called in messages: "mesh", "point cloud", "NURBS curve", ...
@@ -51,6 +56,12 @@ class CRhinoObject {
   // definition stay as they are. True when something changed.
   bool Hide(bool hide = true);
 
+  using Meshes = std::vector<std::shared_ptr<const ON_Mesh>>;
+  // The render meshes that were kept with it; nothing before. They belong to its geometry, which
+  // never changes, and are no part of what the document says.
+  const std::optional<Meshes>& KeptRenderMeshes() const { return render_meshes_; }
+  void KeepRenderMeshes(Meshes meshes) const { render_meshes_ = std::move(meshes); }
+
  private:
   friend class CRhinoDoc;
   friend class DocStates;
@@ -68,4 +79,5 @@ class CRhinoObject {
   // Set by the document for the objects that its block definitions list.
   bool listed_in_definition_ = false;
   bool selected_ = false;
+  mutable std::optional<Meshes> render_meshes_;
 };
