@@ -1,4 +1,5 @@
 #include "host/archive/typecodes.h"
+#include "host/geometry/on_instance_ref.h"
 #include "support/chunk_writer.h"
 #include "support/record_writers.h"
 
@@ -9,6 +10,7 @@ constexpr ON_UUID kMeshClass = "4ed7d4e4-e947-11d3-bfe5-0010830122f0"_uuid;
 constexpr ON_UUID kPointClass = "c3101a1d-f157-11d3-bfe7-0010830122f0"_uuid;
 constexpr ON_UUID kPointCloudClass = "2488f347-f8fa-11d3-bfec-0010830122f0"_uuid;
 constexpr ON_UUID kClippingPlaneClass = "dbc5a584-ce3f-4170-98a8-497069ca5c36"_uuid;
+constexpr ON_UUID kInstanceRefClass = "f9cfb638-b9d4-4340-87e3-c56e7865d96a"_uuid;
 constexpr ON_UUID kLightClass = "85a08513-f383-11d3-bfe7-0010830122f0"_uuid;
 
 void WritePointData(ON_BinaryArchive& archive, const ON_Point& point) {
@@ -25,6 +27,13 @@ void WritePointCloudData(ON_BinaryArchive& archive, const ON_PointCloud& cloud) 
   WriteArray(archive, cloud.m_N);
   WriteArray(archive, cloud.m_C);
   WriteArray(archive, cloud.m_V);
+}
+
+void WriteInstanceRefData(ON_BinaryArchive& archive, const ON_InstanceRef& reference) {
+  archive.Write3dmChunkVersion(1, 0);
+  archive.WriteUuid(reference.m_instance_definition_uuid);
+  archive.WriteXform(reference.m_xform);
+  archive.WriteBoundingBox(reference.m_bbox);
 }
 
 void WriteLightData(ON_BinaryArchive& archive, const ON_Light& light, int index) {
@@ -84,6 +93,10 @@ GeometryWriter WriterFor(const ONX_ModelObject& object) {
   if (const ON_ClippingPlaneSurface* plane = ON_ClippingPlaneSurface::Cast(geometry)) {
     return {kClippingPlaneClass,
             [plane](ON_BinaryArchive& data) { WriteClippingPlaneData(data, *plane); }};
+  }
+  if (const ON_InstanceRef* reference = ON_InstanceRef::Cast(geometry)) {
+    return {kInstanceRefClass,
+            [reference](ON_BinaryArchive& data) { WriteInstanceRefData(data, *reference); }};
   }
   if (const ON_Curve* curve = ON_Curve::Cast(geometry)) {
     return {CurveClass(*curve), [curve](ON_BinaryArchive& data) { WriteCurveData(data, *curve); }};

@@ -182,6 +182,30 @@ TEST(RibChecker, FindsTagsThatDoNotAgreeWithTheirCounts) {
   EXPECT_THAT(
       complaintsWith("[\"corner\"] [2 1] [0] [5]"),
       ElementsAre("line 1: SubdivisionMesh has tags whose counts don't agree with their values"));
+  EXPECT_THAT(
+      complaintsWith("[\"corner\" \"corner\"] [2 1 -1 0] [0] [5]"),
+      ElementsAre("line 1: SubdivisionMesh has tags whose counts don't agree with their values"));
+}
+
+TEST(RibChecker, FindsTagsThatNoSubdivisionMeshTakes) {
+  const auto complaintsWith = [](std::string_view tags) {
+    return Complaints("SubdivisionMesh \"catmull-clark\" [3] [0 1 2] " + std::string(tags) +
+                      " \"P\" [0 0 0 1 0 0 1 1 0]\n");
+  };
+  EXPECT_THAT(complaintsWith("[\"interpolateboundary\" \"crease\" \"corner\"] [1 0 3 1 2 2] "
+                             "[1 0 1 2 0 2] [10 3 4]"),
+              IsEmpty());
+  EXPECT_THAT(complaintsWith("[\"crease\"] [3 2] [0 1 2] [10 9]"), IsEmpty());
+  EXPECT_THAT(complaintsWith("[\"smooth\"] [1 0] [0] []"),
+              ElementsAre("line 1: SubdivisionMesh has the unknown tag smooth"));
+  EXPECT_THAT(complaintsWith("[\"crease\"] [1 1] [0] [10]"),
+              ElementsAre("line 1: SubdivisionMesh has a crease of the wrong length"));
+  EXPECT_THAT(complaintsWith("[\"corner\"] [3 2] [0 1 2] [10 10]"),
+              ElementsAre("line 1: SubdivisionMesh has a corner of the wrong length"));
+  EXPECT_THAT(complaintsWith("[\"crease\"] [2 1] [0 3] [10]"),
+              ElementsAre("line 1: SubdivisionMesh has the crease index 3 into 3 points"));
+  EXPECT_THAT(complaintsWith("[\"interpolateboundary\"] [1 1] [1] [0]"),
+              ElementsAre("line 1: SubdivisionMesh has more in its boundary tag than a number"));
 }
 
 TEST(RibChecker, TakesDeclarationsOfTheStream) {

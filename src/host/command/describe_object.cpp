@@ -94,8 +94,7 @@ std::string DescribeObject(const CRhinoDoc& doc, const CRhinoObject& object) {
   AddLine(text, "groups", GroupText(doc, attributes));
   AddLine(text, "state", StateText(object));
   AddLine(text, "geometry", GeometryText(object));
-  const ON_BoundingBox box =
-      object.Geometry() == nullptr ? ON_BoundingBox() : object.Geometry()->BoundingBox();
+  const ON_BoundingBox box = object.BoundingBox();
   if (box.IsValid()) AddLine(text, "box", PointText(box.m_min) + " to " + PointText(box.m_max));
   AddUserStrings(text, "user string", attributes);
   if (object.Geometry() != nullptr) AddUserStrings(text, "user string", *object.Geometry());

@@ -6,6 +6,7 @@
 
 #include "host/archive/model_reader.h"
 #include "host/geometry/on_arc_curve.h"
+#include "host/geometry/on_instance_ref.h"
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_nurbs_curve.h"
@@ -389,6 +390,25 @@ TEST_P(ModelWriterTest, KeepsMeshesOfEveryIndexSize) {
     EXPECT_EQ(back->m_V, written->m_V);
     EXPECT_EQ(back->m_F, written->m_F);
   }
+}
+
+TEST_P(ModelWriterTest, KeepsBlockReferences) {
+  const auto reference = std::make_shared<ON_InstanceRef>();
+  reference->m_instance_definition_uuid = kId2;
+  double number = 0;
+  for (auto& row : reference->m_xform.m_xform) {
+    for (double& value : row) value = ++number / 8;
+  }
+  reference->m_bbox = {{0, 1, 2}, {3, 4, 5}};
+  AddObject(reference).m_attributes.m_uuid = kId1;
+  const ONX_Model read = ReadBack(model_);
+  ASSERT_EQ(read.m_object_table.size(), 1u);
+  const ON_InstanceRef* back = ON_InstanceRef::Cast(read.m_object_table[0].m_geometry.get());
+  ASSERT_NE(back, nullptr);
+  EXPECT_EQ(back->m_instance_definition_uuid, kId2);
+  EXPECT_EQ(back->m_xform, reference->m_xform);
+  EXPECT_EQ(back->m_bbox.m_max, (ON_3dPoint{3, 4, 5}));
+  EXPECT_EQ(read.m_object_table[0].m_object_type, 0x1000u);
 }
 
 TEST_P(ModelWriterTest, KeepsClippingPlanes) {

@@ -6,6 +6,7 @@
 #include "curve_facts.h"
 #include "facts_documents.h"
 #include "host/archive/class_names.h"
+#include "host/geometry/on_instance_ref.h"
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
@@ -14,7 +15,8 @@
 
 // The objects and lights of every document of the corpus against the facts that another reader took
 // of them. Attributes are compared for every object. Geometry is compared where it is read: meshes,
-// points, point clouds, clipping planes, curves and surfaces; the other kinds are counted.
+// points, point clouds, clipping planes, curves, surfaces and block references; the other kinds are
+// counted.
 
 using nlohmann::json;
 
@@ -248,6 +250,16 @@ void ExpectClippingPlane(const json& fact, const ON_ClippingPlaneSurface& surfac
   ExpectSurface(fact, surface, place);
 }
 
+void ExpectBlockReference(const json& fact, const ON_InstanceRef& reference,
+                          const std::string& place) {
+  ExpectId(fact["definition_uuid"], reference.m_instance_definition_uuid, place + ".definition");
+  std::vector<double> xform;
+  for (const auto& row : reference.m_xform.m_xform) {
+    xform.insert(xform.end(), row.begin(), row.end());
+  }
+  EXPECT_EQ(fact["xform"], json(xform)) << place;
+}
+
 // Boxes are exact but for meshes that round their vertices and for what is computed.
 double BoxTolerance(const json& figures, const ON_Geometry& geometry) {
   const bool is_computed =
@@ -268,12 +280,14 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
     ExpectValues(figures["point"], point->point, place + ".point");
   } else if (const auto* plane = dynamic_cast<const ON_ClippingPlaneSurface*>(&geometry)) {
     ExpectClippingPlane(figures, *plane, place);
+  } else if (const ON_InstanceRef* reference = ON_InstanceRef::Cast(&geometry)) {
+    ExpectBlockReference(figures, *reference, place);
   } else if (const ON_Curve* curve = ON_Curve::Cast(&geometry)) {
     ExpectCurve(figures, *curve, place);
-  } else if (const ON_Brep* brep = ON_Brep::Cast(&geometry)) {
-    ExpectBrep(figures, *brep, place);
   } else if (const ON_Surface* surface = ON_Surface::Cast(&geometry)) {
     ExpectSurface(figures, *surface, place);
+  } else if (const ON_Brep* brep = ON_Brep::Cast(&geometry)) {
+    ExpectBrep(figures, *brep, place);
   } else {
     ADD_FAILURE() << place << ": geometry of a kind that isn't compared";
   }
@@ -282,7 +296,8 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
 // The other reader's names of the classes that are read.
 bool IsReadClass(const std::string& name) {
   return name == "ON_Mesh" || name == "ON_Point" || name == "ON_PointCloud" ||
-         name == "ON_Brep" || name.ends_with("Curve") || name.ends_with("Surface");
+         name == "ON_InstanceRef" || name == "ON_Brep" || name.ends_with("Curve") ||
+         name.ends_with("Surface");
 }
 
 // The other reader turns the arrows of version 2 into lines.
