@@ -3,6 +3,7 @@
 #include <span>
 
 #include "host/archive/model_reader.h"
+#include "host/geometry/on_brep.h"
 #include "host/geometry/on_curve.h"
 #include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_nurbs_surface.h"

@@ -28,7 +28,7 @@ bool ReadCounts(ON_BinaryArchive& archive, ON_Brep& brep) {
   std::int32_t solid = 0;
   if (!archive.ReadCount(kFaceSize, &faces) || !archive.ReadCount(kCurveSize, &edges) ||
       !archive.ReadCount(kLoopSize, &loops) || !archive.ReadCount(kCurveSize, &trims) ||
-      !archive.ReadInt(&solid) || !archive.ReadBoundingBox(&brep.m_bbox)) {
+      !archive.ReadInt(&solid) || !archive.Skip(kBoxSize)) {
     return false;
   }
   brep.m_F.resize(faces);
