@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <set>
 
 #include <BRepMesh_DefaultRangeSplitter.hxx>
 #include <BRepMesh_DelaunayBaseMeshAlgo.hxx>
 #include <BRepMesh_DelaunayNodeInsertionMeshAlgo.hxx>
 
 #include "host/modeling/mesh_grid.h"
+#include "host/modeling/singular_sides.h"
 
 namespace host {
 namespace {
@@ -20,10 +22,14 @@ class GridSplitter : public BRepMesh_DefaultRangeSplitter {
   void AdjustRange() override;
   Handle(IMeshData::ListOfPnt2d)
       GenerateSurfaceNodes(const IMeshTools_Parameters& parameters) const override;
+  const SingularSides& Singular() const { return singular_; }
 
  private:
+  void MakeCellsSquare();
+
   MeshGridLimits limits_;
   MeshGrid grid_;
+  SingularSides singular_;
 };
 
 void GridSplitter::Reset(const IMeshData::IFaceHandle& face,
@@ -32,14 +38,29 @@ void GridSplitter::Reset(const IMeshData::IFaceHandle& face,
   limits_ = {parameters.Deflection, parameters.AngleInterior, parameters.MinSize};
 }
 
+// The mesher joins points that are close to each other in its own plane: that is stretched so that
+// the cells of the grid become squares there.
+void GridSplitter::MakeCellsSquare() {
+  constexpr double kLongest = 1000;
+  const double u = (myRangeU.second - myRangeU.first) / static_cast<double>(grid_.u.size() - 1);
+  const double v = (myRangeV.second - myRangeV.first) / static_cast<double>(grid_.v.size() - 1);
+  const double ratio = u / v * myDelta.second / myDelta.first;
+  const double stretch = std::sqrt(std::clamp(ratio, 1 / kLongest, kLongest));
+  myDelta.first *= stretch;
+  myDelta.second /= stretch;
+}
+
 void GridSplitter::AdjustRange() {
   BRepMesh_DefaultRangeSplitter::AdjustRange();
   grid_ = {};
+  singular_ = {};
   const ON_Interval u{myRangeU.first, myRangeU.second};
   const ON_Interval v{myRangeV.first, myRangeV.second};
   const bool is_plane = GetSurface()->GetType() == GeomAbs_Plane;
   if (is_plane || !myIsValid || !u.IsIncreasing() || !v.IsIncreasing()) return;
   grid_ = MakeMeshGrid(*GetSurface(), u, v, limits_);
+  MakeCellsSquare();
+  singular_ = SingularSides(*GetSurface());
 }
 
 Handle(IMeshData::ListOfPnt2d)
@@ -72,25 +93,37 @@ class GridMeshAlgo : public InsertionAlgo {
   };
   using Corners = std::array<Corner, 3>;
 
-  Corners CornersOf(const BRepMesh_Triangle& triangle) const;
+  void Check(const BRepMesh_Triangle& triangle, IMeshData::ListOfPnt2d& nodes);
+  Corners CornersOf(const BRepMesh_Triangle& triangle,
+                    const std::array<Standard_Integer, 3>& vertices) const;
   double ErrorAt(const gp_Pnt2d& uv, const gp_Pnt& point) const;
   void AddWorst(const Corners& corners, IMeshData::ListOfPnt2d& nodes) const;
 
   double max_edge_;
+  // The vertices of the triangles that were looked at.
+  std::set<std::array<Standard_Integer, 3>> checked_;
 };
 
-GridMeshAlgo::Corners GridMeshAlgo::CornersOf(const BRepMesh_Triangle& triangle) const {
-  Standard_Integer indices[3];
-  getStructure()->ElementNodes(triangle, indices);
+GridMeshAlgo::Corners GridMeshAlgo::CornersOf(
+    const BRepMesh_Triangle& triangle, const std::array<Standard_Integer, 3>& vertices) const {
   Corners corners;
   for (std::size_t i = 0; i < 3; ++i) {
-    const BRepMesh_Vertex& vertex = getStructure()->GetNode(indices[i]);
+    const BRepMesh_Vertex& vertex = getStructure()->GetNode(vertices[i]);
     corners[i].uv = getRangeSplitter().Scale(vertex.Coord(), false);
     corners[i].point = getNodesMap()->Value(vertex.Location3d());
     const BRepMesh_Edge& side = getStructure()->GetLink(triangle.myEdges[i]);
     corners[i].is_boundary = side.Movability() == BRepMesh_Frontier;
   }
+  getRangeSplitter().Singular().Adjust({&corners[0].uv, &corners[1].uv, &corners[2].uv});
   return corners;
+}
+
+void GridMeshAlgo::Check(const BRepMesh_Triangle& triangle, IMeshData::ListOfPnt2d& nodes) {
+  if (triangle.Movability() == BRepMesh_Deleted) return;
+  Standard_Integer indices[3];
+  getStructure()->ElementNodes(triangle, indices);
+  const std::array<Standard_Integer, 3> vertices{indices[0], indices[1], indices[2]};
+  if (checked_.insert(vertices).second) AddWorst(CornersOf(triangle, vertices), nodes);
 }
 
 // How far a point of the mesh is from the surface, along its normal.
@@ -134,6 +167,7 @@ void GridMeshAlgo::AddWorst(const Corners& corners, IMeshData::ListOfPnt2d& node
 void GridMeshAlgo::postProcessMesh(BRepMesh_Delaun& mesher, const Message_ProgressRange& range) {
   constexpr int kMostPasses = 24;
   constexpr int kMostTriangles = 1000000;
+  checked_.clear();
   Message_ProgressScope scope(range, "", kMostPasses + 1);
   InsertionAlgo::postProcessMesh(mesher, scope.Next());
   for (int pass = 0; pass < kMostPasses && scope.More(); ++pass) {
@@ -141,8 +175,7 @@ void GridMeshAlgo::postProcessMesh(BRepMesh_Delaun& mesher, const Message_Progre
     if (triangles.Extent() > kMostTriangles) return;
     const Handle(IMeshData::ListOfPnt2d) nodes = new IMeshData::ListOfPnt2d;
     for (IMeshData::IteratorOfMapOfInteger it(triangles); it.More(); it.Next()) {
-      const BRepMesh_Triangle& triangle = getStructure()->GetElement(it.Key());
-      if (triangle.Movability() != BRepMesh_Deleted) AddWorst(CornersOf(triangle), *nodes);
+      Check(getStructure()->GetElement(it.Key()), *nodes);
     }
     if (!insertNodes(nodes, mesher, scope.Next())) return;
   }

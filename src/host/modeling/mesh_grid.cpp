@@ -62,9 +62,9 @@ LineDivider::Place LineDivider::At(double t, double across) const {
 
 // How many pieces the stretch must be divided into along one line.
 int LineDivider::PiecesOn(double a, double b, double across) const {
-  constexpr double kMostPieces = 16;
+  constexpr double kMostPieces = 64;
   // What is hardly too much isn't divided again.
-  constexpr double kSlack = 1.1;
+  constexpr double kSlack = 1.05;
   std::array<Place, kSamples> places;
   double length = 0;
   for (std::size_t i = 0; i < kSamples; ++i) {
@@ -85,9 +85,10 @@ int LineDivider::PiecesOn(double a, double b, double across) const {
       turn += place.normal.Angle(places[i - 1].normal);
     }
   }
-  const double pieces = std::max(std::sqrt(sag / (limits_.tolerance * kSlack)),
-                                 turn / (limits_.angle * kSlack));
-  return static_cast<int>(std::ceil(std::clamp(pieces, 1.0, kMostPieces)));
+  const double pieces = std::max(std::sqrt(sag / limits_.tolerance), turn / limits_.angle);
+  if (!(pieces > kSlack)) return 1;
+  // A little more, since the pieces of an arc are flatter than the square root says.
+  return static_cast<int>(std::ceil(std::min(pieces * kSlack, kMostPieces)));
 }
 
 void LineDivider::DividePiece(double a, double b, int depth) {
@@ -159,9 +160,9 @@ MeshGrid MakeMeshGrid(const Adaptor3d_Surface& surface, ON_Interval u, ON_Interv
   MeshGrid grid{LineDivider(surface, 0, v, limits).Divide(u),
                 LineDivider(surface, 1, u, limits).Divide(v)};
   if (grid.u.size() < 3 || grid.v.size() < 3) return grid;
-  // Where the surface is bent in both directions, each of them gets its half of the tolerance.
+  // Where the surface is bent in both directions, each of them gets its part of the tolerance.
   MeshGridLimits half = limits;
-  half.tolerance /= 2;
+  half.tolerance *= 0.45;
   return {LineDivider(surface, 0, v, half).Divide(u), LineDivider(surface, 1, u, half).Divide(v)};
 }
 
