@@ -9,8 +9,6 @@
 namespace orv {
 namespace {
 
-// The longest list; a file of so many instances has more than a gigabyte.
-constexpr std::size_t kMaxRecords = 5'000'000;
 // Problems that are told one by one.
 constexpr std::size_t kMaxProblems = 10;
 
@@ -33,7 +31,9 @@ class LeftOutBlocks {
 
 class Flattener {
  public:
-  explicit Flattener(std::size_t objectCount) { records_.reserve(objectCount); }
+  Flattener(std::size_t objectCount, std::size_t maxRecords) : maxRecords_(maxRecords) {
+    records_.reserve(objectCount);
+  }
 
   void Add(const CRhinoObject& object) {
     if (object.ObjectType() == ON_ObjectType::instance_reference) {
@@ -53,7 +53,7 @@ class Flattener {
     pieces_.clear();
     pieces_.reserve(2 * block->m_object_ids.size() + 16);
     if (!placement->Explode(pieces_, problem)) return leftOut_.Add(*block, problem);
-    if (records_.size() + pieces_.size() > kMaxRecords) {
+    if (records_.size() + pieces_.size() > maxRecords_) {
       return leftOut_.Add(*block, "block \"" + block->m_name + "\" is placed too often");
     }
     for (const CRhinoInstanceObjectPiece& piece : pieces_) {
@@ -62,6 +62,7 @@ class Flattener {
     }
   }
 
+  std::size_t maxRecords_;
   std::vector<RIBRhinoObject> records_;
   std::vector<CRhinoInstanceObjectPiece> pieces_;
   LeftOutBlocks leftOut_;
@@ -69,8 +70,8 @@ class Flattener {
 
 }  // namespace
 
-std::vector<RIBRhinoObject> FlattenObjects(const ObjectList& objects) {
-  Flattener flattener(objects.size());
+std::vector<RIBRhinoObject> FlattenObjects(const ObjectList& objects, std::size_t maxRecords) {
+  Flattener flattener(objects.size(), maxRecords);
   for (const CRhinoObject* object : objects) flattener.Add(*object);
   return flattener.TakeRecords();
 }

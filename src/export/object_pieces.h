@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "export/object_list.h"
@@ -23,10 +24,14 @@ inline bool IsShown(const RIBRhinoObject& record) {
   return (record.IsPiece ? record.Parent : record.Object)->IsVisible();
 }
 
+// The longest list. A file of so many instances has a gigabyte.
+inline constexpr std::size_t kMaxRecords = 5'000'000;
+
 // The list of what is to be written, in the order of `objects`: a block placement is replaced by
 // its pieces, those of nested blocks included. A placement whose block can't be shown, or that
-// would make the list longer than some millions, is left out; the command window tells its block
+// would make the list longer than `maxRecords`, is left out; the command window tells its block
 // once.
-std::vector<RIBRhinoObject> FlattenObjects(const ObjectList& objects);
+std::vector<RIBRhinoObject> FlattenObjects(const ObjectList& objects,
+                                           std::size_t maxRecords = kMaxRecords);
 
 }  // namespace orv
