@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <span>
 
+#include "host/geometry/on_closed_curve.h"
 #include "host/geometry/on_poly_curve.h"
-#include "host/geometry/on_polygon.h"
 
 namespace {
 
@@ -61,27 +60,15 @@ bool JoinImages(std::vector<ON_BoundaryPiece>& pieces, double tolerance) {
   return true;
 }
 
-// The points of all pieces as one polygon, fine enough to tell the direction.
-std::vector<ON_3dPoint> ImagePoints(const ON_PlaneBoundary& boundary, double size) {
-  constexpr double kFineness = 1e-4;
-  std::vector<ON_3dPoint> points;
-  for (const ON_BoundaryPiece& piece : boundary.pieces) {
-    const std::vector<ON_3dPoint> more = ON_CurvePoints(*piece.image, kFineness * size);
-    points.insert(points.end(), more.begin(), more.end());
-  }
-  return points;
-}
-
 // Control points bound a curve when their weights are positive.
-void IncludeImages(const ON_PlaneBoundary& boundary, std::span<const ON_3dPoint> points,
-                   ON_BoundingBox& box) {
-  for (const ON_BoundaryPiece& piece : boundary.pieces) {
-    const auto& cvs = piece.image->m_cv;
-    if (std::all_of(cvs.begin(), cvs.end(), [](const ON_4dPoint& cv) { return cv.w > 0; })) {
-      box.Include(piece.image->BoundingBox());
-    }
+void IncludeImage(const ON_NurbsCurve& image, double size, ON_BoundingBox& box) {
+  constexpr double kFineness = 1e-4;
+  const auto& cvs = image.m_cv;
+  if (std::all_of(cvs.begin(), cvs.end(), [](const ON_4dPoint& cv) { return cv.w > 0; })) {
+    box.Include(image.BoundingBox());
+  } else {
+    for (const ON_3dPoint& p : ON_CurvePoints(image, kFineness * size)) box.Include(p);
   }
-  for (const ON_3dPoint& p : points) box.Include(p);
 }
 
 }  // namespace
@@ -103,9 +90,11 @@ std::optional<ON_PlaneBoundary> ON_MakePlaneBoundary(const ON_Plane& plane,
   }
   if (!JoinImages(boundary.pieces, tolerance)) return std::nullopt;
   const double size = curve_box.m_max.DistanceTo(curve_box.m_min);
-  const std::vector<ON_3dPoint> points = ImagePoints(boundary, size);
-  boundary.area = ON_AreaVector(points).z;
-  IncludeImages(boundary, points, box);
+  const ON_3dPoint start = boundary.pieces.front().image->PointAtStart();
+  for (const ON_BoundaryPiece& piece : boundary.pieces) {
+    boundary.area += ON_SweptArea(*piece.image, start).z;
+    IncludeImage(*piece.image, size, box);
+  }
   // A curve that comes back the way it went encloses nothing.
   constexpr double kNothing = 1e-14;
   if (!(std::abs(boundary.area) > kNothing * size * size)) return std::nullopt;

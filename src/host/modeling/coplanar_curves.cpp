@@ -4,14 +4,12 @@
 #include <cmath>
 #include <optional>
 
-#include "host/geometry/on_polygon.h"
+#include "host/geometry/on_closed_curve.h"
 
 namespace host {
 
 namespace {
 
-// How far polygons that show a curve's plane may stray from it, in sizes of its box.
-constexpr double kFineness = 1e-3;
 // Parts of the square of its size that a curve encloses at least.
 constexpr double kSmallestArea = 1e-12;
 
@@ -24,7 +22,7 @@ std::optional<PlanarCurve> MakePlanarCurve(const ON_Curve& curve, std::size_t in
   const ON_BoundingBox box = result.form.BoundingBox();
   const double size = box.m_max.DistanceTo(box.m_min);
   if (!std::isfinite(size)) return std::nullopt;
-  result.area = ON_AreaVector(ON_CurvePoints(result.form, kFineness * size));
+  result.area = ON_SweptArea(result.form, result.form.PointAtStart());
   result.area_length = result.area.Length();
   if (!std::isfinite(result.area_length) || !(result.area_length > kSmallestArea * size * size)) {
     return std::nullopt;
@@ -36,7 +34,10 @@ ON_Plane PlaneOf(const PlanarCurve& curve) {
   constexpr double kHorizontal = 1e-9;
   ON_Plane plane;
   plane.origin = curve.form.PointAtStart();
-  const ON_3dVector z = plane.zaxis = curve.area * (1 / curve.area_length);
+  // Divided, so that the axes of the world stay what they are.
+  const double length = curve.area_length;
+  const ON_3dVector z{curve.area.x / length, curve.area.y / length, curve.area.z / length};
+  plane.zaxis = z;
   ON_3dVector x{-z.y, z.x, 0};
   if (x.Length() <= kHorizontal) x = ON_3dVector{1, 0, 0} - z * z.x;
   plane.xaxis = x * (1 / x.Length());

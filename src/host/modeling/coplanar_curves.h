@@ -11,7 +11,7 @@ struct PlanarCurve {
   // Among the curves that were given.
   std::size_t index = 0;
   ON_NurbsCurve form;
-  // See ON_AreaVector.
+  // What it encloses; see ON_SweptArea.
   ON_3dVector area{0, 0, 0};
   double area_length = 0;
 };

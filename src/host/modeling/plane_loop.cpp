@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/geometry/on_polygon.h"
+#include "host/geometry/on_closed_curve.h"
 
 namespace host {
 
@@ -56,7 +56,7 @@ PointPlace PlaceOf(const ON_3dPoint& p, const std::vector<ON_3dPoint>& polygon) 
 PlaneLoop::PlaneLoop(ON_NurbsCurve curve) : curve_(std::move(curve)) {
   stray_ = kCoarse * SizeOf(curve_.BoundingBox());
   polygon_ = ON_CurvePoints(curve_, stray_);
-  area_ = std::abs(ON_AreaVector(polygon_).z);
+  area_ = std::abs(ON_SweptArea(curve_, polygon_.front()).z);
   for (const ON_3dPoint& p : polygon_) box_.Include(p);
 }
 
