@@ -71,19 +71,28 @@ bool HasKinkBetween(const ON_NurbsCurve& a, std::size_t span_a, const ON_NurbsCu
                 StartOf(ON_SpansOf(b, span_b, span_b).m_cv));
 }
 
+// A span that is only a point has no direction; what matters is what stands beside it.
+bool IsPointSpan(const ON_NurbsCurve& curve, std::size_t span) {
+  const auto cvs = std::span(curve.m_cv).subspan(span, static_cast<std::size_t>(curve.Order()));
+  return std::all_of(cvs.begin(), cvs.end(),
+                     [&](const ON_4dPoint& cv) { return cv.Euclidean() == cvs[0].Euclidean(); });
+}
+
 // Adds the pieces of a NURBS curve between its kinks.
 void Cut(const ON_NurbsCurve& curve, std::vector<ON_NurbsCurve>& pieces) {
   const auto degree = static_cast<std::size_t>(curve.Degree());
-  std::size_t first = 0, last = 0;
+  std::size_t first = 0, last = 0, last_with_direction = 0;
   for (std::size_t i = 1; i < ON_SpanCount(curve); ++i) {
     if (ON_IsEmptySpan(curve, i)) continue;
     // Where fewer knots fall together, direction and curvature go on as they were.
-    const bool may_kink = i - last + 1 >= degree;
-    if (may_kink && HasKinkBetween(curve, last, curve, i)) {
+    const bool may_kink = i - last + 1 >= degree || last != last_with_direction;
+    const bool is_point = IsPointSpan(curve, i);
+    if (may_kink && !is_point && HasKinkBetween(curve, last_with_direction, curve, i)) {
       pieces.push_back(ON_SpansOf(curve, first, last));
       first = i;
     }
     last = i;
+    if (!is_point) last_with_direction = i;
   }
   pieces.push_back(ON_SpansOf(curve, first, last));
 }
@@ -96,8 +105,24 @@ void JoinIfSmooth(std::vector<ON_NurbsCurve>& pieces, std::size_t at) {
   a.ClampAndRaise(order);
   b.ClampAndRaise(order);
   if (a.m_cv.back().w == 0 || b.m_cv.front().w == 0) return;
+  // Where a point was left out between them, the domains have a gap.
+  b.SetDomain({a.Domain().Max, b.Domain().Max});
   a.Append(b);
   pieces.erase(pieces.begin() + static_cast<std::ptrdiff_t>(at));
+}
+
+bool IsPoint(const ON_NurbsCurve& curve) {
+  const ON_3dPoint start = curve.PointAtStart();
+  return std::all_of(curve.m_cv.begin(), curve.m_cv.end(), [&](const ON_4dPoint& cv) {
+    return ON_PointsAreCoincident(cv.Euclidean(), start);
+  });
+}
+
+// Leaves out the pieces from `first` on that are only a point.
+void DropPoints(std::vector<ON_NurbsCurve>& pieces, std::size_t first) {
+  pieces.erase(
+      std::remove_if(pieces.begin() + static_cast<std::ptrdiff_t>(first), pieces.end(), IsPoint),
+      pieces.end());
 }
 
 bool AddPieces(const ON_Curve& curve, ON_Interval domain, std::vector<ON_NurbsCurve>& pieces) {
@@ -118,15 +143,9 @@ bool AddPieces(const ON_Curve& curve, ON_Interval domain, std::vector<ON_NurbsCu
   if (!form.IsValid()) return false;
   const std::size_t first = pieces.size();
   Cut(form, pieces);
-  if (first > 0) JoinIfSmooth(pieces, first);
+  DropPoints(pieces, first);
+  if (first > 0 && first < pieces.size()) JoinIfSmooth(pieces, first);
   return true;
-}
-
-bool IsPoint(const ON_NurbsCurve& curve) {
-  const ON_3dPoint start = curve.PointAtStart();
-  return std::all_of(curve.m_cv.begin(), curve.m_cv.end(), [&](const ON_4dPoint& cv) {
-    return ON_PointsAreCoincident(cv.Euclidean(), start);
-  });
 }
 
 // Moves the end of a piece to the start of the next one.
@@ -143,7 +162,6 @@ std::vector<ON_NurbsCurve> ON_SmoothPieces(const ON_Curve& curve, ON_Interval do
   for (ON_NurbsCurve& piece : pieces) {
     for (ON_4dPoint& cv : piece.m_cv) cv.z = 0;
   }
-  pieces.erase(std::remove_if(pieces.begin(), pieces.end(), IsPoint), pieces.end());
   for (std::size_t i = 0; i + 1 < pieces.size(); ++i) {
     EndAt(pieces[i], pieces[i + 1].PointAtStart());
   }
