@@ -47,6 +47,17 @@ void Ask(const ON_SubD& subd) {
   static_cast<void>(subd.BoundingBox());
 }
 
+// And breps, which can be changed too.
+void Ask(const ON_Brep& brep) {
+  if (!brep.IsValid()) __builtin_trap();
+  ON_Brep changed = brep;
+  static_cast<void>(changed.IsSurface());
+  static_cast<void>(changed.MakeValidForV2());
+  static_cast<void>(changed.SetFaceDomain(0, {0, 1}, {0, 1}));
+  changed.Compact();
+  if (!changed.IsValid()) __builtin_trap();
+}
+
 }  // namespace
 
 // Documents of foreign bytes: whatever they are, reading ends with a result.
@@ -60,6 +71,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (const ON_Surface* surface = ON_Surface::Cast(object.m_geometry.get())) Ask(*surface);
     if (const auto* extrusion = ON_Extrusion::Cast(object.m_geometry.get())) Ask(*extrusion);
     if (const ON_SubD* subd = ON_SubD::Cast(object.m_geometry.get())) Ask(*subd);
+    if (const ON_Brep* brep = ON_Brep::Cast(object.m_geometry.get())) Ask(*brep);
   }
   return 0;
 }

@@ -45,6 +45,7 @@ void FillCurves(const host::CoplanarCurves& coplanar, const Curves& curves, doub
                 std::vector<PlacedBrep>& breps) {
   const ON_Xform to_plane = ToPlane(coplanar.plane);
   std::vector<host::PlaneLoop> loops;
+  loops.reserve(coplanar.curves.size());
   for (const host::PlanarCurve& curve : coplanar.curves) loops.push_back(LoopOf(curve, to_plane));
   for (const host::PlanarRegion& region : host::FindRegions(loops)) {
     const auto index_of = [&](std::size_t loop) { return coplanar.curves[loop].index; };
@@ -66,6 +67,7 @@ std::vector<std::unique_ptr<ON_Brep>> RhinoMakePlanarBreps(const Curves& curves,
   std::sort(placed.begin(), placed.end(),
             [](const PlacedBrep& a, const PlacedBrep& b) { return a.index < b.index; });
   std::vector<std::unique_ptr<ON_Brep>> breps;
+  breps.reserve(placed.size());
   for (PlacedBrep& brep : placed) breps.push_back(std::move(brep.brep));
   return breps;
 }

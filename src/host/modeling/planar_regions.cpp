@@ -46,6 +46,10 @@ class Strips {
   std::array<std::vector<std::size_t>, kCount> strips_;
 };
 
+// So many loops that nearly agree with a loop are told apart from it: one that crosses more of them
+// would take too long.
+constexpr int kMaxCloserLooks = 16;
+
 bool BoxIsAround(const PlaneLoop& outer, const PlaneLoop& inner) {
   const double slack = outer.Stray() + inner.Stray();
   const ON_BoundingBox& a = outer.Box();
@@ -82,9 +86,14 @@ class Nest {
     const PlaneLoop& loop = loops_[index];
     const auto around = strips_.Around(loop);
     std::optional<std::size_t> parent;
+    int closer_looks = 0;
     for (auto at = around.rbegin(); at != around.rend() && !parent.has_value(); ++at) {
       if (!BoxIsAround(loops_[*at], loop)) continue;
-      const PlaneLoop::Place place = loop.PlaceIn(loops_[*at]);
+      PlaneLoop::Place place = loop.PlaceIn(loops_[*at]);
+      if (place == PlaneLoop::Place::close && closer_looks < kMaxCloserLooks) {
+        place = loop.ClosePlaceIn(loops_[*at]);
+        ++closer_looks;
+      }
       if (place == PlaneLoop::Place::same) return;
       if (place == PlaneLoop::Place::inside) parent = *at;
     }

@@ -66,11 +66,11 @@ bool PlaneLoop::IsCopyOf(const PlaneLoop& other) const {
                     [&](const auto& a, const auto& b) { return a.DistanceTo(b) <= near; });
 }
 
-// Where some points of this loop lie to a polygon; those nearer to it than `near` don't count. The
-// same when all are.
+// Where some points of this loop lie to a polygon; those nearer to it than `near` don't count.
+// Close when all are.
 PlaneLoop::Place PlaneLoop::PlaceOfPoints(std::size_t count, const std::vector<ON_3dPoint>& polygon,
                                           double near) const {
-  Place place = Place::same;
+  Place place = Place::close;
   count = std::min(count, polygon_.size());
   for (std::size_t i = 0; i < count; ++i) {
     const PointPlace point = PlaceOf(polygon_[i * polygon_.size() / count], polygon);
@@ -83,10 +83,14 @@ PlaneLoop::Place PlaneLoop::PlaceOfPoints(std::size_t count, const std::vector<O
 
 PlaneLoop::Place PlaneLoop::PlaceIn(const PlaneLoop& other) const {
   if (IsCopyOf(other)) return Place::same;
-  const Place place = PlaceOfPoints(kCoarsePointCount, other.polygon_, 2 * other.stray_);
-  if (place != Place::same) return place;
+  return PlaceOfPoints(kCoarsePointCount, other.polygon_, 2 * other.stray_);
+}
+
+PlaneLoop::Place PlaneLoop::ClosePlaceIn(const PlaneLoop& other) const {
   const double stray = kFine * SizeOf(other.box_);
-  return PlaceOfPoints(kFinePointCount, ON_CurvePoints(other.curve_, stray), 2 * stray);
+  const std::vector<ON_3dPoint> polygon = ON_CurvePoints(other.curve_, stray);
+  const Place place = PlaceOfPoints(kFinePointCount, polygon, 2 * stray);
+  return place == Place::close ? Place::same : place;
 }
 
 }  // namespace host

@@ -10,7 +10,8 @@ namespace host {
 // the inside is then what an even-odd rule takes for it.
 class PlaneLoop {
  public:
-  enum class Place { outside, inside, same };
+  // Close when it takes a closer look to tell.
+  enum class Place { outside, inside, same, close };
 
   explicit PlaneLoop(ON_NurbsCurve curve);
 
@@ -21,6 +22,8 @@ class PlaneLoop {
   [[nodiscard]] double Stray() const { return stray_; }
   // Where this loop lies to another one that isn't smaller: outside when a part of it is.
   [[nodiscard]] Place PlaceIn(const PlaneLoop& other) const;
+  // The same for loops that are close to each other, at the cost of a hundred such comparisons.
+  [[nodiscard]] Place ClosePlaceIn(const PlaneLoop& other) const;
 
  private:
   [[nodiscard]] bool IsCopyOf(const PlaneLoop& other) const;
