@@ -1,9 +1,12 @@
 #include "host/modeling/render_mesh.h"
 
+#include <BRepMesh_Context.hxx>
+#include <BRepMesh_FaceDiscret.hxx>
 #include <BRepMesh_IncrementalMesh.hxx>
 #include <Precision.hxx>
 #include <Standard_Failure.hxx>
 
+#include "host/modeling/grid_mesh_algo.h"
 #include "host/modeling/mesh_of_face.h"
 #include "host/modeling/mesh_quality.h"
 #include "host/modeling/occt_shape.h"
@@ -24,12 +27,15 @@ IMeshTools_Parameters MesherParameters(const MeshQuality& quality, const ModelFr
 }
 
 // Triangles of the faces that the mesher gets on with.
-void Triangulate(const TopoDS_Shape& shape, const IMeshTools_Parameters& parameters) {
+void Triangulate(const TopoDS_Shape& shape, const IMeshTools_Parameters& parameters,
+                 double max_edge) {
   try {
+    const Handle(IMeshTools_Context) context = new BRepMesh_Context;
+    context->SetFaceDiscret(new BRepMesh_FaceDiscret(new GridMeshAlgoFactory(max_edge)));
     BRepMesh_IncrementalMesh mesher;
     mesher.SetShape(shape);
     mesher.ChangeParameters() = parameters;
-    mesher.Perform();
+    mesher.Perform(context);
   } catch (const Standard_Failure&) {
     // What has no triangles then has failed.
   }
@@ -46,7 +52,8 @@ MadeMeshes MakeRenderMeshes(const ON_Brep& brep, const ON_MeshParameters& parame
   if (size > 0 && std::isfinite(size)) {
     const MeshQuality quality = QualityOf(parameters, size);
     shape = MakeBrepShape(brep, box, quality.tolerance);
-    Triangulate(shape.all, MesherParameters(quality, shape.frame));
+    Triangulate(shape.all, MesherParameters(quality, shape.frame),
+                quality.max_edge * shape.frame.scale);
   }
   for (std::size_t i = 0; i < brep.m_F.size(); ++i) {
     const ON_BrepFace& face = brep.m_F[i];

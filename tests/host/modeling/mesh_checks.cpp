@@ -19,6 +19,13 @@ ON_3dVector Cross(const ON_Mesh& mesh, const ON_MeshFace& face) {
   return ON_CrossProduct(At(mesh, face.vi[1]) - a, At(mesh, face.vi[2]) - a);
 }
 
+// Of triangles that are smaller, rounding to single precision decides where they look.
+double SmallestArea(const ON_Mesh& mesh) {
+  const ON_BoundingBox box = mesh.BoundingBox();
+  const double size = box.m_min.DistanceTo(box.m_max);
+  return size * size * 1e-7;
+}
+
 // Of the middle of some vertices.
 class Middle {
  public:
@@ -62,6 +69,7 @@ MeshFit FitOf(const ON_Mesh& mesh, const ON_Surface& surface, bool is_reversed) 
       fit.sag = std::max(fit.sag, middle.SagOn(surface));
     }
     const ON_3dVector cross = Cross(mesh, face);
+    if (cross.Length() < SmallestArea(mesh)) continue;
     const double cosine =
         ON_DotProduct(cross, Middle(mesh, {a, b, c}).NormalOn(surface)) * side / cross.Length();
     fit.triangle_normal = std::min(fit.triangle_normal, cosine);
