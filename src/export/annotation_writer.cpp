@@ -1,6 +1,7 @@
 #include "export/annotation_writer.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "export/attribute_scope.h"
@@ -8,7 +9,6 @@
 #include "export/line_look.h"
 #include "export/nurbs_curve_writer.h"
 #include "export/nurbs_writer.h"
-#include "host/document/doc.h"
 #include "host/modeling/planar_breps.h"
 #include "host/modeling/text_outlines.h"
 
@@ -54,8 +54,10 @@ void WriteCurve(RibWriter& writer, const std::shared_ptr<const ON_Curve>& curve,
   }
 }
 
-void WriteText(RibWriter& writer, const ON_TextEntity2& text, double tolerance) {
-  for (auto& brep : RhinoMakePlanarBreps(host::TextOutlines(text), tolerance)) {
+void WriteText(RibWriter& writer, const ON_TextEntity2& text) {
+  // The outlines lie in the text's plane but for rounding.
+  constexpr double kTolerance = 1e-3;
+  for (auto& brep : RhinoMakePlanarBreps(host::TextOutlines(text), kTolerance * text.m_height)) {
     WriteFilled(writer, std::move(brep));
   }
 }
@@ -74,8 +76,7 @@ void WriteAnnotation(const ObjectStream& stream, const CRhinoAnnotationObject& o
   WriteLook(writer, LineColor(object, attributes, stream.Doc, settings));
   const double width = WidthOf(object, attributes, settings);
   for (const auto& curve : curves) WriteCurve(writer, curve, object.Plane(), width);
-  const double tolerance = stream.Doc.Properties().ModelUnitsAndTolerances().m_absolute_tolerance;
-  for (const ON_TextEntity2& text : texts) WriteText(writer, text, tolerance);
+  for (const ON_TextEntity2& text : texts) WriteText(writer, text);
   EndAttributes(writer);
 }
 
