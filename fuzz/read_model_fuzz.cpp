@@ -3,9 +3,12 @@
 #include <span>
 
 #include "host/archive/model_reader.h"
+#include "host/geometry/on_brep.h"
 #include "host/geometry/on_curve.h"
+#include "host/geometry/on_extrusion.h"
 #include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_nurbs_surface.h"
+#include "host/geometry/on_subd.h"
 
 namespace {
 
@@ -31,6 +34,30 @@ void Ask(const ON_Surface& surface) {
   static_cast<void>(surface.BoundingBox());
 }
 
+// And breps, which can be changed too.
+void Ask(const ON_Brep& brep) {
+  if (!brep.IsValid()) __builtin_trap();
+  ON_Brep changed = brep;
+  static_cast<void>(changed.IsSurface());
+  static_cast<void>(changed.MakeValidForV2());
+  static_cast<void>(changed.SetFaceDomain(0, {0, 1}, {0, 1}));
+  changed.Compact();
+  if (!changed.IsValid()) __builtin_trap();
+}
+
+// And what extrusions are made of.
+void Ask(const ON_Extrusion& extrusion) {
+  if (!extrusion.IsValid()) __builtin_trap();
+  static_cast<void>(extrusion.BoundingBox());
+  const auto brep = extrusion.BrepForm();
+  if (brep != nullptr && !brep->IsValid()) __builtin_trap();
+}
+
+void Ask(const ON_SubD& subd) {
+  if (!subd.IsValid()) __builtin_trap();
+  static_cast<void>(subd.BoundingBox());
+}
+
 }  // namespace
 
 // Documents of foreign bytes: whatever they are, reading ends with a result.
@@ -42,6 +69,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const ONX_ModelObject& object : model.m_object_table) {
     if (const ON_Curve* curve = ON_Curve::Cast(object.m_geometry.get())) Ask(*curve);
     if (const ON_Surface* surface = ON_Surface::Cast(object.m_geometry.get())) Ask(*surface);
+    if (const ON_Brep* brep = ON_Brep::Cast(object.m_geometry.get())) Ask(*brep);
+    if (const auto* extrusion = ON_Extrusion::Cast(object.m_geometry.get())) Ask(*extrusion);
+    if (const ON_SubD* subd = ON_SubD::Cast(object.m_geometry.get())) Ask(*subd);
   }
   return 0;
 }

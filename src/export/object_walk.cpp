@@ -1,5 +1,6 @@
 #include "export/object_walk.h"
 
+#include "export/annotation_writer.h"
 #include "export/attribute_block.h"
 #include "export/attribute_scope.h"
 #include "export/curve_writer.h"
@@ -38,6 +39,7 @@ class ObjectWriter {
     if (const ON_Mesh* mesh = ON_Mesh::Cast(geometry)) return WriteMeshObject(record, *mesh);
     if (const ON_SubD* subd = ON_SubD::Cast(geometry)) return WriteSubDObject(record, *subd);
     if (stream_.Settings.RenderCurves) WriteCurveOrPoints(record, *geometry);
+    if (stream_.Settings.RenderDimensions) WriteDimension(*record.Object);
     return true;
   }
 
@@ -140,6 +142,11 @@ class ObjectWriter {
     } else if (const ON_Point* point = ON_Point::Cast(&geometry)) {
       WritePointObject(stream_, object, *point, attributes);
     }
+  }
+
+  void WriteDimension(const CRhinoObject& object) {
+    const auto* annotation = CRhinoAnnotationObject::Cast(&object);
+    if (annotation != nullptr) WriteAnnotation(stream_, *annotation, ReadObjectAttributes(object));
   }
 
   void WriteCurve(const RIBRhinoObject& record, const ON_Curve& curve,

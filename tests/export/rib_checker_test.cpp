@@ -214,4 +214,49 @@ TEST(RibChecker, TakesDeclarationsOfTheStream) {
               ElementsAre("line 2: PointsPolygons has 2 values of \"heat\" and not 3"));
 }
 
+TEST(RibChecker, LooksAtPatches) {
+  constexpr std::string_view kPatch =
+      "NuPatch 2 2 [0 0 1 1 ] 0 1 2 2 [0 0 1 1 ] 0 1 \"P\" [0 0 0 1 0 0 0 1 0 1 1 0 ]\n";
+  EXPECT_THAT(Complaints(kPatch), IsEmpty());
+  EXPECT_THAT(Complaints("NuPatch 2 2 [0 0 1 1 ] 0 1 2 2 [0 0 1 ] 0 2 \"P\" [0 0 0 1 0 0 ]\n"),
+              ElementsAre("line 1: NuPatch: it has 3 knots",
+                          "line 1: NuPatch: its points have the wrong count"));
+  EXPECT_THAT(Complaints("NuPatch 2 2 [0 1 0 1 ] 0 1 2 2 [0 0 1 1 ] 0 2 \"Pw\" [0 0 0 1 ]\n"),
+              ElementsAre("line 1: NuPatch: its knots decrease",
+                          "line 1: NuPatch: its domain goes beyond its knots",
+                          "line 1: NuPatch: its domain goes beyond its knots",
+                          "line 1: NuPatch: its points have the wrong count"));
+}
+
+TEST(RibChecker, LooksAtTrims) {
+  EXPECT_THAT(Complaints("TrimCurve [ 1 ] [ 2 ] [ 0 0 1 1 ] [ 0 ] [ 1 ] [ 2 ] [ 0 1 ] [ 0 1 ] "
+                         "[ 1 1 ]\n"),
+              IsEmpty());
+  EXPECT_THAT(Complaints("TrimCurve [ 2 ] [ 2 ] [ 0 0 1 1 2 ] [ 0 ] [ 1 ] [ 2 ] [ 0 ] [ 0 1 ] "
+                         "[ 1 1 ]\n"),
+              ElementsAre("line 1: TrimCurve: the loops have more or fewer curves than there are "
+                          "orders",
+                          "line 1: TrimCurve: there are too many knots",
+                          "line 1: TrimCurve: a coordinate of the control points has the wrong "
+                          "count"));
+}
+
+TEST(RibChecker, LooksAtCurvesAndPoints) {
+  EXPECT_THAT(Complaints("NuCurves [2] [2] [0 0 1 1] [0] [1] \"P\" [0 0 0 1 0 0 ]\n"
+                         "Curves \"linear\" [2] \"nonperiodic\" \"P\" [ 0 0 0 1 0 0 ]\n"
+                         "Points \"P\" [0 0 0 ]\n"),
+              IsEmpty());
+  EXPECT_THAT(Complaints("NuCurves [2] [3] [0 0 0 1 1] [0] [1] \"P\" [0 0 0 1 0 0 ]\n"
+                         "Curves \"linear\" [3] \"nonperiodic\" \"P\" [ 0 0 0 1 0 0 ]\n"
+                         "Points \"P\" [0 0 0 ]\n\"varying color Cs\" [1 1 ]\n"),
+              ElementsAre("line 1: NuCurves: it has fewer control points than its order",
+                          "line 2: Curves: its points have the wrong count",
+                          "line 3: Points: Cs has the wrong count"));
+}
+
+TEST(RibChecker, ClosesAnOpenArrayBeforeTheNextStatement) {
+  EXPECT_THAT(Complaints("Points \"P\" [0 0 0 ]\n\"varying color Cs\" [1 1 1 \nColor 1 0 0\n"),
+              ElementsAre("line 2: an array is not closed"));
+}
+
 }  // namespace

@@ -6,7 +6,9 @@
 #include "host/archive/read_attributes.h"
 #include "host/archive/read_brep.h"
 #include "host/archive/read_curve.h"
+#include "host/archive/read_extrusion.h"
 #include "host/archive/read_geometry.h"
+#include "host/archive/read_subd.h"
 #include "host/archive/read_surface.h"
 #include "host/archive/record_readers.h"
 
@@ -91,8 +93,12 @@ bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCoun
   }
   if (IsCurveClass(id)) return ReadGeometryWith(ReadCurveOf, archive, object);
   if (IsSurfaceClass(id)) return ReadGeometryWith(ReadSurfaceOf, archive, object);
-  if (IsAnnotationClass(id)) return ReadAnnotationObject(archive, object, styles);
   if (IsBrepClass(id)) return ReadGeometryOf<ON_Brep>(archive, ReadBrep, object.m_geometry);
+  if (IsAnnotationClass(id)) return ReadAnnotationObject(archive, object, styles);
+  if (id == kExtrusionClass) {
+    return ReadGeometryOf<ON_Extrusion>(archive, ReadExtrusion, object.m_geometry);
+  }
+  if (id == kSubDClass) return ReadGeometryOf<ON_SubD>(archive, ReadSubD, object.m_geometry);
   unread.Add(ClassName(id));
   return true;
 }

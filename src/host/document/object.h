@@ -1,10 +1,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "host/archive/model.h"
 #include "host/geometry/on_object.h"
+#include "host/geometry/on_mesh.h"
 #include "host/geometry/on_object_attributes.h"
 #include "host/geometry/on_tables.h"
 
@@ -30,6 +33,7 @@ class CRhinoObject {
   const ON_Material& ObjectMaterial() const;
   // Null for an object whose class isn't read; such an object is kept and listed only.
   const ON_Geometry* Geometry() const { return geometry_.get(); }
+  std::shared_ptr<const ON_Geometry> SharedGeometry() const { return geometry_; }
   // The box of what is to be seen of it; not valid where there is nothing.
   virtual ON_BoundingBox BoundingBox() const;
   // By the geometry, or by what the document says where there is none.
@@ -54,6 +58,12 @@ class CRhinoObject {
   // definition stay as they are. True when something changed.
   bool Hide(bool hide = true);
 
+  using Meshes = std::vector<std::shared_ptr<const ON_Mesh>>;
+  // The render meshes that were kept with it; nothing before. They belong to its geometry, which
+  // never changes, and are no part of what the document says.
+  const std::optional<Meshes>& KeptRenderMeshes() const { return render_meshes_; }
+  void KeepRenderMeshes(Meshes meshes) const { render_meshes_ = std::move(meshes); }
+
  private:
   friend class CRhinoDoc;
   friend class DocStates;
@@ -71,4 +81,5 @@ class CRhinoObject {
   // Set by the document for the objects that its block definitions list.
   bool listed_in_definition_ = false;
   bool selected_ = false;
+  mutable std::optional<Meshes> render_meshes_;
 };

@@ -6,6 +6,7 @@
 #include "host/geometry/on_nurbs_surface.h"
 #include "host/geometry/on_parameters.h"
 #include "host/geometry/on_poly_curve.h"
+#include "host/geometry/on_table.h"
 
 namespace {
 
@@ -88,26 +89,11 @@ void Stretch(ON_NurbsCurve& curve, const std::array<ON_Interval, 2>& from,
   }
 }
 
-// Drops what isn't used and returns the new position of each, -1 for what was dropped.
-template <class T>
-std::vector<int> KeepUsed(std::vector<T>& table, const std::vector<bool>& is_used) {
-  std::vector<int> position(table.size(), -1);
-  std::size_t count = 0;
-  for (std::size_t i = 0; i < table.size(); ++i) {
-    if (!is_used[i]) continue;
-    position[i] = static_cast<int>(count);
-    if (i != count) table[count] = std::move(table[i]);
-    ++count;
-  }
-  table.resize(count);
-  return position;
-}
-
 template <class T, class Part>
 void CompactTable(std::vector<T>& table, std::vector<Part>& parts, int Part::*index) {
   std::vector<bool> is_used(table.size(), false);
   for (const Part& part : parts) is_used[static_cast<std::size_t>(part.*index)] = true;
-  const std::vector<int> position = KeepUsed(table, is_used);
+  const std::vector<int> position = ON_Keep(table, is_used);
   for (Part& part : parts) part.*index = position[static_cast<std::size_t>(part.*index)];
 }
 

@@ -1,8 +1,9 @@
 #include "host/modeling/evaluated_surface.h"
 
+#include "host/modeling/evaluated_iso_curve.h"
+
 #include <algorithm>
 
-#include <Geom_Curve.hxx>
 #include <Standard_NotImplemented.hxx>
 
 namespace host {
@@ -120,12 +121,12 @@ Standard_Real EvaluatedSurface::VReversedParameter(Standard_Real v) const {
   return domain.Min + domain.Max - v;
 }
 
-Handle(Geom_Curve) EvaluatedSurface::UIso(Standard_Real) const {
-  throw Standard_NotImplemented("lines of constant parameter");
+Handle(Geom_Curve) EvaluatedSurface::UIso(Standard_Real u) const {
+  return new EvaluatedIsoCurve(this, 1, u, FrameDomain(1));
 }
 
-Handle(Geom_Curve) EvaluatedSurface::VIso(Standard_Real) const {
-  throw Standard_NotImplemented("lines of constant parameter");
+Handle(Geom_Curve) EvaluatedSurface::VIso(Standard_Real v) const {
+  return new EvaluatedIsoCurve(this, 0, v, FrameDomain(0));
 }
 
 void EvaluatedSurface::Transform(const gp_Trsf&) {

@@ -9,8 +9,8 @@
 namespace host {
 
 // A surface that Open CASCADE doesn't know, as one that it evaluates: so that its parameters stay
-// as they are, which the NURBS form of an arc's revolution doesn't do. It has what the mesher asks
-// for; there are no derivatives above the second.
+// as they are, which the NURBS form of a turned curve doesn't do. It has what the mesher asks for;
+// there are no derivatives above the second.
 class EvaluatedSurface : public Geom_Surface {
  public:
   // `chart` says how the parameters are put; its surface isn't used.

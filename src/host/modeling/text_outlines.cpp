@@ -85,7 +85,8 @@ ON_SimpleArray<double> PieceKnots(std::size_t point_count, int degree) {
   ON_SimpleArray<double> knots;
   const auto repeats = static_cast<std::size_t>(degree);
   for (std::size_t i = 0; i + 1 < point_count + repeats; ++i) {
-    knots.push_back(static_cast<double>(i / repeats));
+    const std::size_t piece = i / repeats;
+    knots.push_back(static_cast<double>(piece));
   }
   return knots;
 }

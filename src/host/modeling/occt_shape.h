@@ -1,0 +1,34 @@
+#pragma once
+
+#include <vector>
+
+#include <TopoDS_Compound.hxx>
+#include <TopoDS_Face.hxx>
+
+#include "host/geometry/on_brep.h"
+#include "host/modeling/occt_geometry.h"
+
+namespace host {
+
+// A brep as a shape of Open CASCADE.
+struct BrepShape {
+  struct Face {
+    // Null when it could not be made. Looks where its surface does, whatever the brep says.
+    TopoDS_Face face;
+    FrameSurface surface;
+  };
+
+  ModelFrame frame;
+  // As many as the brep has.
+  std::vector<Face> faces;
+  // Those that could be made.
+  TopoDS_Compound all;
+};
+
+// The brep must be valid, with a box that is not a point. Faces that share a vertex or an edge
+// share it in the shape too, so that they are divided alike there. `tolerance`, in units of the
+// brep, says how fine a mesh is to be made of it.
+[[nodiscard]] BrepShape MakeBrepShape(const ON_Brep& brep, const ON_BoundingBox& box,
+                                      double tolerance);
+
+}  // namespace host
