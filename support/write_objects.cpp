@@ -80,7 +80,7 @@ struct GeometryWriter {
   WriteContent data;
 };
 
-GeometryWriter WriterFor(const ONX_ModelObject& object) {
+GeometryWriter WriterFor(const ONX_ModelObject& object, const std::vector<ON_DimStyle>& styles) {
   const ON_Geometry* geometry = object.m_geometry.get();
   if (const ON_Mesh* mesh = ON_Mesh::Cast(geometry)) {
     return {kMeshClass, [mesh](ON_BinaryArchive& data) { WriteMeshData(data, *mesh); }};
@@ -117,6 +117,11 @@ GeometryWriter WriterFor(const ONX_ModelObject& object) {
     return {SurfaceClass(*surface),
             [surface](ON_BinaryArchive& data) { WriteSurfaceData(data, *surface); }};
   }
+  if (const ON_Annotation* annotation = ON_Annotation::Cast(geometry)) {
+    return {AnnotationClass(*annotation), [annotation, &styles](ON_BinaryArchive& data) {
+              WriteAnnotationData(data, *annotation, styles);
+            }};
+  }
   return {object.m_class_id, [](ON_BinaryArchive& data) { data.Write3dmChunkVersion(1, 0); }};
 }
 
@@ -131,11 +136,12 @@ void WriteLight(ON_BinaryArchive& archive, const ONX_ModelLight& light, int inde
   archive.WriteShortChunk(TCODE_LIGHT_RECORD_END, 0);
 }
 
-void WriteObject(ON_BinaryArchive& archive, const ONX_ModelObject& object) {
+void WriteObject(ON_BinaryArchive& archive, const ONX_ModelObject& object,
+                 const std::vector<ON_DimStyle>& styles) {
   const ON_Geometry* geometry = object.m_geometry.get();
   const unsigned type =
       geometry != nullptr ? static_cast<unsigned>(geometry->ObjectType()) : object.m_object_type;
-  const GeometryWriter writer = WriterFor(object);
+  const GeometryWriter writer = WriterFor(object, styles);
   const ChunkWriter record(archive, TCODE_OBJECT_RECORD);
   archive.WriteShortChunk(TCODE_OBJECT_RECORD_TYPE, type);
   WriteClass(archive, writer.class_id,

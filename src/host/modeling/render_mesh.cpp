@@ -6,6 +6,7 @@
 #include <Precision.hxx>
 #include <Standard_Failure.hxx>
 
+#include "host/modeling/edge_discret.h"
 #include "host/modeling/grid_mesh_algo.h"
 #include "host/modeling/mesh_of_face.h"
 #include "host/modeling/mesh_quality.h"
@@ -31,6 +32,7 @@ void Triangulate(const TopoDS_Shape& shape, const IMeshTools_Parameters& paramet
                  double max_edge) {
   try {
     const Handle(IMeshTools_Context) context = new BRepMesh_Context;
+    context->SetEdgeDiscret(new EdgeDiscret(max_edge));
     context->SetFaceDiscret(new BRepMesh_FaceDiscret(new GridMeshAlgoFactory(max_edge)));
     BRepMesh_IncrementalMesh mesher;
     mesher.SetShape(shape);

@@ -294,9 +294,13 @@ TEST(ReadMaterial, TheGreyThatOldWritersLeftIsTheDiffuseColour) {
   EXPECT_EQ(ON_Color(128, 128, 128), transparent(200912010));
 }
 
+bool ReadDimStyle(ON_BinaryArchive& archive, ON_DimStyle& style) {
+  return host::ReadDimStyle(archive, style);
+}
+
 TEST(ReadDimStyle, OldArrowsAreNumberedAnew) {
   const auto [reading, style] = WriteAndRead<ON_DimStyle>(
-      host::ReadDimStyle, 4, 200710174, kDimStyleClass, [](ON_BinaryArchive& a) {
+      ReadDimStyle, 4, 200710174, kDimStyleClass, [](ON_BinaryArchive& a) {
         a.Write3dmChunkVersion(1, 1);
         a.WriteInt(0);
         a.WriteString("big");

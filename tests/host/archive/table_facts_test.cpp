@@ -209,12 +209,9 @@ TEST(TableFacts, DimensionStyles) {
 
 TEST(TableFacts, FontsOfDimensionStyles) {
   ForEachFactsDocument([](const FactsDocument& document) {
-    // Up to version 5 a style names its font by its place in the table of fonts, which isn't read.
     const auto& styles = document.model.m_dimstyle_table;
     for (std::size_t i = 0; i < styles.size(); ++i) {
-      const bool in_style = document.model.m_3dm_file_version >= 60;
-      const std::string expected = in_style ? document.facts["dimstyles"][i]["font"] : "";
-      EXPECT_EQ(expected, styles[i].m_font) << Place("dimstyles", i);
+      EXPECT_EQ(document.facts["dimstyles"][i]["font"], styles[i].m_font) << Place("dimstyles", i);
     }
   });
 }

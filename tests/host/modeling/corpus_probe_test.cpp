@@ -31,7 +31,7 @@ TEST(Probe, Corpus) {
         if (next < made.failed_faces.size() && made.failed_faces[next] == (int)i) { ++next; continue; }
         const auto& m = *made.meshes[mk++];
         v += m.VertexCount(); f += m.FaceCount();
-        const MeshFit fit = FitOf(m, brep->SurfaceOf(brep->m_F[i]), brep->m_F[i].m_bRev);
+        const MeshFit fit = FitOf(m, brep->SurfaceOf(brep->m_F[i]), brep->m_F[i].m_bRev, q.tolerance);
         if (getenv("FACES") && (fit.sag > 1.5*q.tolerance || fit.vertex > q.tolerance || fit.triangle_normal < 0.3))
           printf("   face %zu: V %d F %d vertex %g sag %g (tol %g) n %g %g  %s\n", i, m.VertexCount(), m.FaceCount(), fit.vertex, fit.sag, q.tolerance, fit.vertex_normal, fit.triangle_normal, typeid(brep->SurfaceOf(brep->m_F[i])).name());
         all.vertex = std::max(all.vertex, fit.vertex); all.sag = std::max(all.sag, fit.sag);
