@@ -157,7 +157,9 @@ void CorpusDocument::MeshesAndPointsHaveTheirBoxes() {
       const double tolerance = 1e-5 * std::max(1.0, std::abs(expected.at(k)));
       const double outside = k < 3 ? expected[k] - found[k] : found[k] - expected[k];
       EXPECT_LE(outside, tolerance) << k;
-      if (!isLoose) EXPECT_GE(outside, -tolerance) << k;
+      if (!isLoose) {
+        EXPECT_GE(outside, -tolerance) << k;
+      }
     }
   }
 }

@@ -141,4 +141,12 @@ TEST(RevSurface, ItsBoxHoldsIt) {
   ExpectPointsAgree({6, 6, 1}, box.m_max);
 }
 
+TEST(RevSurface, ItsBoxIsSweptByTheBoxOfTheCurve) {
+  // A line that isn't in a plane with the axis: the corners of its box are farther from the axis
+  // than its points, and the control points of their arcs farther still.
+  const ON_BoundingBox box = Turned(ON_LineCurve({1, 0, 0}, {0, 2, 1})).BoundingBox();
+  ExpectPointsAgree({-3, -3, 0}, box.m_min);
+  ExpectPointsAgree({3, 3, 1}, box.m_max);
+}
+
 }  // namespace
