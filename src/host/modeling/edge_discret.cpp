@@ -25,10 +25,10 @@ std::vector<EdgeSide> SidesOf(const IMeshData_Edge& edge) {
     const TopoDS_Face& face = side->GetFace()->GetFace();
     double first = 0;
     double last = 0;
-    sides.push_back({BRep_Tool::Surface(face),
-                     BRep_Tool::CurveOnSurface(
-                         TopoDS::Edge(edge.GetEdge().Oriented(side->GetOrientation())), face, first,
-                         last)});
+    sides.push_back(
+        {BRep_Tool::Surface(face),
+         BRep_Tool::CurveOnSurface(TopoDS::Edge(edge.GetEdge().Oriented(side->GetOrientation())),
+                                   face, first, last)});
   }
   return sides;
 }

@@ -1,11 +1,10 @@
 #include "host/modeling/edge_points.h"
 
+#include <GeomAdaptor_Curve.hxx>
+#include <TColStd_Array1OfReal.hxx>
 #include <algorithm>
 #include <array>
 #include <cmath>
-
-#include <GeomAdaptor_Curve.hxx>
-#include <TColStd_Array1OfReal.hxx>
 
 namespace host {
 namespace {
@@ -64,8 +63,7 @@ int CurveDivider::PiecesOn(double a, double b) const {
 
 void CurveDivider::DividePiece(double a, double b, int depth) {
   constexpr int kDeepest = 6;
-  const int pieces =
-      depth < kDeepest && parameters_.size() < kMostPoints ? PiecesOn(a, b) : 1;
+  const int pieces = depth < kDeepest && parameters_.size() < kMostPoints ? PiecesOn(a, b) : 1;
   if (pieces == 1) {
     parameters_.push_back(b);
     return;
@@ -87,8 +85,8 @@ std::vector<double> CurveDivider::Divide(const std::vector<double>& corners) {
     // In parts, so that a wave isn't missed.
     constexpr int kParts = 4;
     for (int part = 1; part <= kParts; ++part) {
-      DividePiece(a + (b - a) * (part - 1) / kParts, part == kParts ? b : a + (b - a) * part / kParts,
-                  0);
+      DividePiece(a + (b - a) * (part - 1) / kParts,
+                  part == kParts ? b : a + (b - a) * part / kParts, 0);
     }
     if (parameters_.size() > before + kParts || PiecesOn(a, b) > 1) continue;
     // All of it is straight.

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <vector>
-
 #include <Geom2d_Curve.hxx>
 #include <Geom_Curve.hxx>
 #include <Geom_Surface.hxx>
+#include <vector>
 
 namespace host {
 

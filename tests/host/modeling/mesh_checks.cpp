@@ -53,8 +53,7 @@ class Middle {
 
 }  // namespace
 
-MeshFit FitOf(const ON_Mesh& mesh, const ON_Surface& surface, bool is_reversed,
-              double tolerance) {
+MeshFit FitOf(const ON_Mesh& mesh, const ON_Surface& surface, bool is_reversed, double tolerance) {
   MeshFit fit;
   const double side = is_reversed ? -1 : 1;
   for (int i = 0; i < mesh.VertexCount(); ++i) {
