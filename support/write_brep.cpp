@@ -26,6 +26,12 @@ void WriteItems(ON_BinaryArchive& archive, const std::vector<std::shared_ptr<con
   }
 }
 
+// Whether trims and edges tell the parameters that they have themselves beside those of their
+// curves.
+bool HasOwnDomains(const ON_BinaryArchive& archive) {
+  return archive.ArchiveOpenNURBSVersion() >= 200206180;
+}
+
 void WriteEnd(ON_BinaryArchive& archive, const ON_BrepVertex& vertex) {
   archive.WritePoint(vertex.point);
   WriteArray(archive, vertex.m_ei);
@@ -39,11 +45,24 @@ void WriteEnd(ON_BinaryArchive& archive, const ON_BrepEdge& edge) {
   for (const int vertex : edge.m_vi) archive.WriteInt(vertex);
   WriteArray(archive, edge.m_ti);
   archive.WriteDouble(edge.m_tolerance);
-  archive.WriteInterval(edge.m_domain);
+  if (HasOwnDomains(archive)) archive.WriteInterval(edge.m_domain);
+}
+
+// Its own parameters and whether it runs against its curve; two points in older documents.
+void WriteReversal(ON_BinaryArchive& archive, const ON_BrepTrim& trim) {
+  constexpr std::byte kUnused[7 + 24] = {};
+  constexpr ON_3dPoint kAnyPoint{0.1, 0.2, 0.3};
+  if (!HasOwnDomains(archive)) {
+    archive.WritePoint(kAnyPoint);
+    archive.WritePoint(kAnyPoint);
+    return;
+  }
+  archive.WriteInterval(trim.m_domain);
+  archive.WriteBool(trim.m_bReversed);
+  archive.WriteByte(kUnused);
 }
 
 void WriteEnd(ON_BinaryArchive& archive, const ON_BrepTrim& trim) {
-  constexpr std::byte kUnused[7 + 24] = {};
   archive.WriteInt(trim.m_c2i);
   archive.WriteInterval(trim.m_domain);
   archive.WriteInt(trim.m_ei);
@@ -53,9 +72,7 @@ void WriteEnd(ON_BinaryArchive& archive, const ON_BrepTrim& trim) {
   archive.WriteInt(static_cast<std::int32_t>(trim.m_iso));
   archive.WriteInt(trim.m_li);
   for (const double tolerance : trim.m_tolerance) archive.WriteDouble(tolerance);
-  archive.WriteInterval(trim.m_domain);
-  archive.WriteBool(trim.m_bReversed);
-  archive.WriteByte(kUnused);
+  WriteReversal(archive, trim);
   for (const double tolerance : trim.m_tolerance) archive.WriteDouble(tolerance);
 }
 
