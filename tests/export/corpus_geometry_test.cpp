@@ -234,6 +234,8 @@ class CorpusGeometry : public ExportTest, public testing::WithParamInterface<int
     doc_.SetModel(ReadDocument(path), path.string());
     settings_.RenderMesh = GetParam();
     settings_.RenderCurves = true;
+    // Lights have shapes too.
+    settings_.UseLights = false;
     // The surfaces keep their own domains, as the facts have them.
     reparameterize_ = 0;
     const std::string file = folder_.File("scene.rib");
