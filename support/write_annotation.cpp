@@ -189,7 +189,7 @@ void WriteCommonPart(ON_BinaryArchive& archive, const ON_Annotation& annotation,
 }
 
 void WritePoints(ON_BinaryArchive& archive, const ON_Annotation& annotation, const OldForm& form,
-                  int style_index) {
+                 int style_index) {
   WriteCommonPart(archive, annotation, form, style_index);
   if (annotation.m_type == Type::angular) {
     archive.WriteDouble(form.angle);

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "host/archive/model.h"
-#include "host/geometry/on_object.h"
 #include "host/geometry/on_mesh.h"
+#include "host/geometry/on_object.h"
 #include "host/geometry/on_object_attributes.h"
 #include "host/geometry/on_tables.h"
 
