@@ -49,6 +49,10 @@ const AnnotationClass* FindClass(const ON_UUID& class_id) {
   return found == std::end(kClasses) ? nullptr : found;
 }
 
+bool IsDimension(Type type) {
+  return type != Type::text && type != Type::leader;
+}
+
 bool ReadOf(ON_BinaryArchive& archive, Generation generation, const AnnotationStyles& styles,
             ON_Annotation& annotation) {
   switch (generation) {
@@ -77,6 +81,8 @@ bool ReadAnnotation(ON_BinaryArchive& archive, const ON_UUID& class_id,
   if (kind == nullptr) return archive.Fail("this is no annotation");
   annotation.m_type = kind->type;
   if (!ReadOf(archive, kind->generation, styles, annotation)) return false;
+  // A dimension without a text of its own tells what it measures.
+  if (IsDimension(kind->type) && annotation.m_text.empty()) annotation.m_text = "<>";
   return annotation.IsValid() ||
          archive.Fail("an annotation whose plane or points are no numbers or no plane");
 }

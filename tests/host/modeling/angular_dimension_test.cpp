@@ -108,12 +108,17 @@ TEST(AngularDimension, AMovedTextStandsWhereTheUserPutIt) {
   EXPECT_EQ(drawing.arcs.size(), 1u);
 }
 
-TEST(AngularDimension, ArrowsGoOutsideWhereThereIsNoRoom) {
+ON_Annotation OfAngle(double radians) {
   ON_Annotation narrow = Sample();
+  narrow.m_points[2] = {1 + 5 * std::cos(radians), 1 + 5 * std::sin(radians)};
+  narrow.m_points[3] = {1 + 20 * std::cos(radians / 2), 1 + 20 * std::sin(radians / 2)};
+  return narrow;
+}
+
+TEST(AngularDimension, ArrowsGoOutsideWhereTheTextLeavesNoRoom) {
+  // An arc of 4, and a text of 3 with a gap of 0.5.
   const double angle = 0.2;
-  narrow.m_points[2] = {1 + 5 * std::cos(angle), 1 + 5 * std::sin(angle)};
-  narrow.m_points[3] = {1 + 20 * std::cos(angle / 2), 1 + 20 * std::sin(angle / 2)};
-  const Drawing drawing = Draw(narrow, SampleStyle());
+  const Drawing drawing = Draw(OfAngle(angle), SampleStyle());
   ASSERT_EQ(drawing.areas.size(), 2u);
   const auto first = CornersOf(*drawing.areas[0]);
   ExpectPoint(Polar(20, 0), first[0]);
@@ -123,9 +128,20 @@ TEST(AngularDimension, ArrowsGoOutsideWhereThereIsNoRoom) {
   ASSERT_EQ(drawing.arcs.size(), 1u);
   ExpectPoint(Polar(20, -beyond * 180 / kPi), drawing.arcs[0]->PointAtStart());
   ExpectPoint(Polar(20, (angle + beyond) * 180 / kPi), drawing.arcs[0]->PointAtEnd());
-  // The text stands beside the first side.
-  const ON_3dPoint text = drawing.texts.at(0).m_plane.origin;
-  EXPECT_LT(text.y, -2);
+  const ON_3dPoint middle = Polar(20, angle / 2 * 180 / kPi);
+  EXPECT_NEAR(drawing.texts.at(0).m_plane.origin.DistanceTo(middle), 0.5, 1e-9);
+}
+
+TEST(AngularDimension, ATextWithoutRoomStandsBesideTheArrow) {
+  const Drawing drawing = Draw(OfAngle(0.05), SampleStyle());
+  // Half the text, three gaps and the line behind the arrowhead away from the side.
+  const double away = (1.0 + 1.5 + 2.0) / 20 * 180 / kPi;
+  EXPECT_EQ(drawing.texts.at(0).m_text, "3°");
+  EXPECT_NEAR(drawing.texts[0].m_plane.origin.DistanceTo(Polar(20, -away)), 0.5, 1e-9);
+  ON_DimStyle style = SampleStyle();
+  style.m_textfit = 3;
+  const ON_3dPoint left = Polar(20, 0.05 * 180 / kPi + away);
+  EXPECT_NEAR(Draw(OfAngle(0.05), style).texts.at(0).m_plane.origin.DistanceTo(left), 0.5, 1e-9);
 }
 
 TEST(AngularDimension, AReflexAngleIsDrawnAroundTheBack) {

@@ -97,6 +97,11 @@ std::vector<ON_3dPoint> CornersOf(const ON_Curve& area) {
   return corners;
 }
 
+ON_3dPoint CenterOf(const ON_Curve& curve) {
+  const ON_BoundingBox box = curve.BoundingBox();
+  return box.m_min + (box.m_max - box.m_min) * 0.5;
+}
+
 void ExpectPoint(ON_3dPoint expected, ON_3dPoint found) {
   EXPECT_NEAR(expected.x, found.x, 1e-9);
   EXPECT_NEAR(expected.y, found.y, 1e-9);

@@ -43,4 +43,6 @@ bool HasLine(const Drawing& drawing, ON_3dPoint a, ON_3dPoint b);
 std::string ToText(const Drawing& drawing);
 // The corners of an area of straight lines, without the last one, which is the first.
 std::vector<ON_3dPoint> CornersOf(const ON_Curve& area);
+// Of its box.
+ON_3dPoint CenterOf(const ON_Curve& curve);
 void ExpectPoint(ON_3dPoint expected, ON_3dPoint found);

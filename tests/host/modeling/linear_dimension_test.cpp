@@ -194,7 +194,7 @@ TEST(LinearDimension, DotsAndTicksNeedNoRoom) {
   EXPECT_TRUE(HasLine(drawing, {-0.5, 5, 0}, {4.5, 5, 0})) << ToText(drawing);
   EXPECT_TRUE(HasLine(drawing, {-0.5, 4.5, 0}, {0.5, 5.5, 0})) << ToText(drawing);
   ASSERT_EQ(drawing.areas.size(), 1u);
-  ExpectPoint({4, 5, 0}, drawing.areas[0]->BoundingBox().Center());
+  ExpectPoint({4, 5, 0}, CenterOf(*drawing.areas[0]));
 }
 
 TEST(LinearDimension, ArrowheadsMayBeSuppressed) {
@@ -214,7 +214,7 @@ TEST(LinearDimension, ArrowheadsBelongToTheirPointsWhicheverIsLeft) {
   ASSERT_EQ(drawing.areas.size(), 2u);
   ExpectPoint({0, 5, 0}, CornersOf(*drawing.areas[0])[0]);
   ExpectPoint({-1, 5.25, 0}, CornersOf(*drawing.areas[0])[1]);
-  ExpectPoint({-20, 5, 0}, drawing.areas[1]->BoundingBox().Center());
+  ExpectPoint({-20, 5, 0}, CenterOf(*drawing.areas[1]));
 }
 
 TEST(LinearDimension, TheScaleOfTheStyleMultipliesItsSizes) {
