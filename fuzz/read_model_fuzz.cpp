@@ -3,6 +3,7 @@
 #include <span>
 
 #include "host/archive/model_reader.h"
+#include "host/geometry/on_brep.h"
 #include "host/geometry/on_curve.h"
 #include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_nurbs_surface.h"
@@ -31,6 +32,17 @@ void Ask(const ON_Surface& surface) {
   static_cast<void>(surface.BoundingBox());
 }
 
+// And breps, which can be changed too.
+void Ask(const ON_Brep& brep) {
+  if (!brep.IsValid()) __builtin_trap();
+  ON_Brep changed = brep;
+  static_cast<void>(changed.IsSurface());
+  static_cast<void>(changed.MakeValidForV2());
+  static_cast<void>(changed.SetFaceDomain(0, {0, 1}, {0, 1}));
+  changed.Compact();
+  if (!changed.IsValid()) __builtin_trap();
+}
+
 }  // namespace
 
 // Documents of foreign bytes: whatever they are, reading ends with a result.
@@ -42,6 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const ONX_ModelObject& object : model.m_object_table) {
     if (const ON_Curve* curve = ON_Curve::Cast(object.m_geometry.get())) Ask(*curve);
     if (const ON_Surface* surface = ON_Surface::Cast(object.m_geometry.get())) Ask(*surface);
+    if (const ON_Brep* brep = ON_Brep::Cast(object.m_geometry.get())) Ask(*brep);
   }
   return 0;
 }

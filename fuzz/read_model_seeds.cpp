@@ -15,6 +15,7 @@
 #include "host/geometry/on_sum_surface.h"
 #include "host/system/file.h"
 #include "host/system/path.h"
+#include "support/brep_shapes.h"
 #include "support/model_writer.h"
 #include "support/shapes.h"
 
@@ -120,6 +121,13 @@ void AddSurfaces(ONX_Model& model) {
   AddObject(model, std::move(nurbs));
 }
 
+void AddBreps(ONX_Model& model) {
+  AddObject(model, MakePlateBrep(5, 2));
+  std::unique_ptr<ON_Brep> cylinder = MakeCylinderBrep(2, 5);
+  cylinder->m_F[1].m_render_mesh = std::make_shared<ON_Mesh>(MakeBox({{0, 0, 0}, {1, 2, 3}}));
+  AddObject(model, std::move(cylinder));
+}
+
 void AddObjects(ONX_Model& model) {
   AddObject(model, std::make_shared<ON_Mesh>(MakeBox({{0, 0, 0}, {1, 2, 3}})));
   auto mesh = std::make_shared<ON_Mesh>(MakeSphere({0, 0, 0}, 1, 6, 4));
@@ -132,6 +140,7 @@ void AddObjects(ONX_Model& model) {
   plane->m_viewport_ids = {Id(7), Id(8)};
   AddObject(model, std::move(plane));
   AddCurves(model);
+  AddBreps(model);
   AddSurfaces(model);
   AddObject(model, nullptr);
 }

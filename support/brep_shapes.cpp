@@ -7,15 +7,11 @@
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_nurbs_surface.h"
 #include "host/geometry/on_plane_surface.h"
+#include "host/geometry/on_table.h"
 
 namespace {
 
 using Iso = ON_BrepTrim::Iso;
-
-template <class Table>
-auto& At(Table& table, int index) {
-  return table[static_cast<std::size_t>(index)];
-}
 
 template <class T>
 int Count(const std::vector<T>& table) {
@@ -56,8 +52,9 @@ class StraightEdges {
 
   // A face of four corners, counterclockwise as seen from outside.
   void AddFace(const std::array<int, 4>& corners) {
-    const ON_3dPoint origin = At(points_, corners[0]);
-    const ON_3dVector x = At(points_, corners[1]) - origin, y = At(points_, corners[3]) - origin;
+    const ON_3dPoint origin = ON_At(points_, corners[0]);
+    const ON_3dVector x = ON_At(points_, corners[1]) - origin,
+                      y = ON_At(points_, corners[3]) - origin;
     const ON_3dVector xaxis = x * (1 / x.Length()), yaxis = y * (1 / y.Length());
     const ON_Plane plane{origin, xaxis, yaxis, ON_CrossProduct(xaxis, yaxis)};
     const ON_Interval u{0, x.Length()}, v{0, y.Length()};
@@ -77,7 +74,7 @@ class StraightEdges {
   }
 
   int Add(int from, int to) {
-    const auto line = std::make_shared<ON_LineCurve>(At(points_, from), At(points_, to));
+    const auto line = std::make_shared<ON_LineCurve>(ON_At(points_, from), ON_At(points_, to));
     return edges_[{from, to}] = builder_.AddEdge(line, from, to);
   }
 
@@ -125,7 +122,7 @@ int BrepBuilder::AddEdge(std::shared_ptr<const ON_Curve> curve, int from, int to
   edge.m_domain = curve->Domain();
   edge.m_vi = {from, to};
   edge.m_tolerance = 0;
-  for (const int vertex : edge.m_vi) At(brep_->m_V, vertex).m_ei.push_back(index);
+  for (const int vertex : edge.m_vi) ON_At(brep_->m_V, vertex).m_ei.push_back(index);
   brep_->m_C3.push_back(std::move(curve));
   return index;
 }
@@ -160,7 +157,7 @@ void BrepBuilder::AddTrim(const Trim& trim) {
   added.m_li = Count(brep_->m_L) - 1;
   added.m_tolerance = {0, 0};
   if (trim.edge != -1) {
-    ON_BrepEdge& edge = At(brep_->m_E, trim.edge);
+    ON_BrepEdge& edge = ON_At(brep_->m_E, trim.edge);
     edge.m_ti.push_back(index);
     added.m_vi = edge.m_vi;
     if (trim.is_reversed) std::swap(added.m_vi[0], added.m_vi[1]);
@@ -173,9 +170,9 @@ std::unique_ptr<ON_Brep> BrepBuilder::Take() {
   for (ON_BrepTrim& trim : brep_->m_T) {
     trim.m_type = singular;
     if (trim.m_ei == -1) continue;
-    const std::vector<int>& sides = At(brep_->m_E, trim.m_ei).m_ti;
+    const std::vector<int>& sides = ON_At(brep_->m_E, trim.m_ei).m_ti;
     const bool is_seam =
-        sides.size() == 2 && At(brep_->m_T, sides[0]).m_li == At(brep_->m_T, sides[1]).m_li;
+        sides.size() == 2 && ON_At(brep_->m_T, sides[0]).m_li == ON_At(brep_->m_T, sides[1]).m_li;
     trim.m_type = sides.size() == 1 ? boundary : is_seam ? seam : mated;
   }
   return std::exchange(brep_, std::make_unique<ON_Brep>());

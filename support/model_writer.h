@@ -10,7 +10,7 @@
 //
 // Written are the comments, properties, units, render settings, render mesh parameters, views and
 // named views, the current layer, all tables but the dimension styles, lights, objects with meshes,
-// points, point clouds, clipping planes, curves and surfaces, user strings and the data of plug-ins.
-// An object without geometry is written as an empty record of its class. Not written are texture
-// mappings of objects, display modes of views, and the page settings.
+// points, point clouds, clipping planes, curves, surfaces and breps, user strings and the data of
+// plug-ins. An object without geometry is written as an empty record of its class. Not written are
+// texture mappings of objects, display modes of views, and the page settings.
 [[nodiscard]] std::string WriteModel(const ONX_Model& model);

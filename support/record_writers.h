@@ -4,6 +4,7 @@
 
 #include "host/archive/binary_archive.h"
 #include "host/archive/model.h"
+#include "host/geometry/on_brep.h"
 #include "host/geometry/on_curve.h"
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_plane_surface.h"
@@ -12,6 +13,8 @@
 // One function per kind of record; each writes the whole record with its chunk.
 
 namespace model_writer {
+
+inline constexpr ON_UUID kMeshClass = "4ed7d4e4-e947-11d3-bfe5-0010830122f0"_uuid;
 
 void WriteProperties(ON_BinaryArchive& archive, const ON_3dmProperties& properties);
 void WriteSettings(ON_BinaryArchive& archive, const ON_3dmSettings& settings);
@@ -39,6 +42,7 @@ ON_UUID CurveClass(const ON_Curve& curve);
 void WriteSurfaceData(ON_BinaryArchive& archive, const ON_Surface& surface);
 // The id under which a surface's class is written.
 ON_UUID SurfaceClass(const ON_Surface& surface);
+void WriteBrepData(ON_BinaryArchive& archive, const ON_Brep& brep);
 // What a clipping plane has of a plane surface's data.
 void WritePlaneSurfaceData(ON_BinaryArchive& archive, const ON_PlaneSurface& surface);
 

@@ -5,7 +5,7 @@
 namespace model_writer {
 namespace {
 
-constexpr ON_UUID kMeshClass = "4ed7d4e4-e947-11d3-bfe5-0010830122f0"_uuid;
+constexpr ON_UUID kBrepClass = "60b5dbc5-e660-11d3-bfe4-0010830122f0"_uuid;
 constexpr ON_UUID kPointClass = "c3101a1d-f157-11d3-bfe7-0010830122f0"_uuid;
 constexpr ON_UUID kPointCloudClass = "2488f347-f8fa-11d3-bfec-0010830122f0"_uuid;
 constexpr ON_UUID kClippingPlaneClass = "dbc5a584-ce3f-4170-98a8-497069ca5c36"_uuid;
@@ -84,6 +84,9 @@ GeometryWriter WriterFor(const ONX_ModelObject& object) {
   if (const ON_ClippingPlaneSurface* plane = ON_ClippingPlaneSurface::Cast(geometry)) {
     return {kClippingPlaneClass,
             [plane](ON_BinaryArchive& data) { WriteClippingPlaneData(data, *plane); }};
+  }
+  if (const ON_Brep* brep = ON_Brep::Cast(geometry)) {
+    return {kBrepClass, [brep](ON_BinaryArchive& data) { WriteBrepData(data, *brep); }};
   }
   if (const ON_Curve* curve = ON_Curve::Cast(geometry)) {
     return {CurveClass(*curve), [curve](ON_BinaryArchive& data) { WriteCurveData(data, *curve); }};

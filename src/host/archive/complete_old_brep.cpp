@@ -2,6 +2,7 @@
 #include <numeric>
 
 #include "host/archive/read_brep_parts.h"
+#include "host/geometry/on_table.h"
 
 // What the form of version 2 leaves out: the vertices, the kinds of the trims, and how they run
 // over their surfaces.
@@ -11,19 +12,14 @@ namespace {
 
 using Iso = ON_BrepTrim::Iso;
 
-template <class Table>
-auto& At(Table& table, int index) {
-  return table[static_cast<std::size_t>(index)];
-}
-
 void SetType(const ON_Brep& brep, ON_BrepTrim& trim) {
   using enum ON_BrepTrim::Type;
   if (trim.m_ei == -1) {
     trim.m_type = singular;
     return;
   }
-  const std::vector<int>& sides = At(brep.m_E, trim.m_ei).m_ti;
-  const auto is_of_loop = [&](int index) { return At(brep.m_T, index).m_li == trim.m_li; };
+  const std::vector<int>& sides = ON_At(brep.m_E, trim.m_ei).m_ti;
+  const auto is_of_loop = [&](int index) { return ON_At(brep.m_T, index).m_li == trim.m_li; };
   const bool is_seam = std::count_if(sides.begin(), sides.end(), is_of_loop) > 1;
   trim.m_type = sides.size() == 1 ? boundary : is_seam ? seam : mated;
 }
@@ -47,8 +43,8 @@ Iso IsoOf(const ON_Surface& surface, const ON_Curve& curve) {
 void SetTypesAndIsos(ON_Brep& brep) {
   for (const ON_BrepFace& face : brep.m_F) {
     for (const int li : face.m_li) {
-      for (const int ti : At(brep.m_L, li).m_ti) {
-        ON_BrepTrim& trim = At(brep.m_T, ti);
+      for (const int ti : ON_At(brep.m_L, li).m_ti) {
+        ON_BrepTrim& trim = ON_At(brep.m_T, ti);
         SetType(brep, trim);
         trim.m_iso = IsoOf(brep.SurfaceOf(face), brep.CurveOf(trim));
       }
@@ -80,7 +76,7 @@ VertexFinder::VertexFinder(ON_Brep& brep)
 }
 
 std::size_t VertexFinder::EndOf(int trim_index, bool at_start) const {
-  const ON_BrepTrim& trim = At(brep_.m_T, trim_index);
+  const ON_BrepTrim& trim = ON_At(brep_.m_T, trim_index);
   if (trim.m_ei == -1) return 2 * brep_.m_E.size() + static_cast<std::size_t>(trim_index);
   return 2 * static_cast<std::size_t>(trim.m_ei) + (at_start != trim.m_bRev3d ? 0 : 1);
 }

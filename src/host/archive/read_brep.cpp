@@ -69,9 +69,11 @@ bool ReadLaterFields(ON_BinaryArchive& archive, int minor, ON_Brep& brep) {
 }
 
 bool ReadBody(ON_BinaryArchive& archive, int minor, ON_Brep& brep) {
+  // Writers took it of the whole surfaces, or left it out.
+  constexpr std::uint64_t kBoxSize = 6 * sizeof(double);
   return ReadItems(archive, brep.m_C2) && ReadItems(archive, brep.m_C3) &&
-         ReadItems(archive, brep.m_S) && ReadBrepTables(archive, brep) &&
-         archive.ReadBoundingBox(&brep.m_bbox) && ReadLaterFields(archive, minor, brep);
+         ReadItems(archive, brep.m_S) && ReadBrepTables(archive, brep) && archive.Skip(kBoxSize) &&
+         ReadLaterFields(archive, minor, brep);
 }
 
 }  // namespace
@@ -95,7 +97,9 @@ bool ReadBrep(ON_BinaryArchive& archive, ON_Brep& brep) {
   if (!archive.Read3dmChunkVersion(&major, &minor)) return false;
   if (major != 2 && major != 3) return archive.Fail("a brep of an unknown version");
   const bool read = major == 3 ? ReadBody(archive, minor, brep) : ReadOldBrep(archive, minor, brep);
-  return read && LinkBrep(archive, brep);
+  if (!read || !LinkBrep(archive, brep)) return false;
+  brep.m_bbox = brep.BoundingBox();
+  return true;
 }
 
 }  // namespace host

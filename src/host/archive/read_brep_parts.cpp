@@ -1,5 +1,7 @@
 #include "host/archive/read_brep_parts.h"
 
+#include <algorithm>
+
 #include "host/archive/chunk_scope.h"
 
 namespace host {
@@ -87,8 +89,13 @@ bool ReadPart(ON_BinaryArchive& archive, ON_BrepLoop& loop) {
 }
 
 bool ReadPart(ON_BinaryArchive& archive, ON_BrepFace& face) {
-  return SkipPosition(archive) && ReadIndices(archive, face.m_li) && archive.ReadInt(&face.m_si) &&
-         ReadFlag(archive, &face.m_bRev) && archive.ReadInt(&face.m_material_channel_index);
+  if (!SkipPosition(archive) || !ReadIndices(archive, face.m_li) || !archive.ReadInt(&face.m_si) ||
+      !ReadFlag(archive, &face.m_bRev) || !archive.ReadInt(&face.m_material_channel_index)) {
+    return false;
+  }
+  // Older writers left it unset.
+  face.m_material_channel_index = std::max(face.m_material_channel_index, 0);
+  return true;
 }
 
 // A chunk with a version of one byte and the parts. Later versions have more behind them, which

@@ -2,6 +2,7 @@
 #include "host/archive/read_brep_parts.h"
 #include "host/archive/read_curve_classes.h"
 #include "host/archive/read_surface_classes.h"
+#include "host/geometry/on_table.h"
 
 // The form of version 2: the curves of the trims and edges and the surfaces of the faces as bare
 // data, then the faces with their loops and trims.
@@ -11,16 +12,6 @@ namespace {
 
 constexpr std::uint64_t kBoxSize = 6 * sizeof(double);
 
-template <class T>
-bool IsIn(int index, const std::vector<T>& table) {
-  return index >= 0 && static_cast<std::size_t>(index) < table.size();
-}
-
-template <class Table>
-auto& At(Table& table, int index) {
-  return table[static_cast<std::size_t>(index)];
-}
-
 bool ReadCounts(ON_BinaryArchive& archive, ON_Brep& brep) {
   // What a part takes at least.
   constexpr std::size_t kFaceSize = 170, kCurveSize = 69, kLoopSize = 44;
@@ -28,7 +19,7 @@ bool ReadCounts(ON_BinaryArchive& archive, ON_Brep& brep) {
   std::int32_t solid = 0;
   if (!archive.ReadCount(kFaceSize, &faces) || !archive.ReadCount(kCurveSize, &edges) ||
       !archive.ReadCount(kLoopSize, &loops) || !archive.ReadCount(kCurveSize, &trims) ||
-      !archive.ReadInt(&solid) || !archive.ReadBoundingBox(&brep.m_bbox)) {
+      !archive.ReadInt(&solid) || !archive.Skip(kBoxSize)) {
     return false;
   }
   brep.m_F.resize(faces);
@@ -76,16 +67,16 @@ bool ReadTrim(ON_BinaryArchive& archive, ON_Brep& brep, int loop_index) {
       !archive.ReadDouble(&trim.m_tolerance[0]) || !archive.ReadDouble(&trim.m_tolerance[1])) {
     return false;
   }
-  if (!IsIn(index, brep.m_T) || (trim.m_ei != -1 && !IsIn(trim.m_ei, brep.m_E))) {
+  if (!ON_IsIn(index, brep.m_T) || (trim.m_ei != -1 && !ON_IsIn(trim.m_ei, brep.m_E))) {
     return archive.Fail("a brep whose parts don't fit together");
   }
   trim.m_c2i = index;
-  trim.m_domain = At(brep.m_C2, index)->Domain();
+  trim.m_domain = ON_At(brep.m_C2, index)->Domain();
   trim.m_bRev3d = reversed != 0;
   trim.m_li = loop_index;
-  if (trim.m_ei != -1) At(brep.m_E, trim.m_ei).m_ti.push_back(index);
-  At(brep.m_L, loop_index).m_ti.push_back(index);
-  At(brep.m_T, index) = trim;
+  if (trim.m_ei != -1) ON_At(brep.m_E, trim.m_ei).m_ti.push_back(index);
+  ON_At(brep.m_L, loop_index).m_ti.push_back(index);
+  ON_At(brep.m_T, index) = trim;
   return true;
 }
 
@@ -100,9 +91,9 @@ bool ReadLoop(ON_BinaryArchive& archive, ON_Brep& brep, ON_BrepFace& face) {
       !archive.ReadCount(kTrimSize, &count)) {
     return false;
   }
-  if (!IsIn(index, brep.m_L)) return archive.Fail("a brep whose parts don't fit together");
+  if (!ON_IsIn(index, brep.m_L)) return archive.Fail("a brep whose parts don't fit together");
   using enum ON_BrepLoop::Type;
-  At(brep.m_L, index).m_type = type == kOuter ? outer : type == kInner ? inner : slit;
+  ON_At(brep.m_L, index).m_type = type == kOuter ? outer : type == kInner ? inner : slit;
   face.m_li.push_back(index);
   for (std::size_t i = 0; i < count; ++i) {
     if (!ReadTrim(archive, brep, index)) return false;

@@ -46,9 +46,7 @@ bool ReadRevSurface(ON_BinaryArchive& archive, ON_RevSurface& surface) {
   if (!has_curve) return archive.Fail("a surface of revolution without a curve");
   surface.m_bTransposed = is_transposed != 0;
   surface.m_curve = ReadCurve(archive);
-  if (surface.m_curve == nullptr) {
-    return archive.Fail("the curve of a surface of revolution is broken");
-  }
+  if (surface.m_curve == nullptr) return false;
   return surface.IsValid() || archive.Fail("a surface of revolution that isn't valid");
 }
 
@@ -59,7 +57,7 @@ bool ReadSumSurface(ON_BinaryArchive& archive, ON_SumSurface& surface) {
   }
   for (auto& curve : surface.m_curve) {
     curve = ReadCurve(archive);
-    if (curve == nullptr) return archive.Fail("a curve of a sum surface is broken");
+    if (curve == nullptr) return false;
   }
   return surface.IsValid() || archive.Fail("a sum surface that isn't valid");
 }

@@ -85,8 +85,8 @@ class ON_Brep : public ON_Geometry {
   bool HasBrepForm() const override { return true; }
   // A copy.
   std::unique_ptr<ON_Brep> BrepForm() const override;
-  // m_bbox where it is valid. Else the box of the vertices, edges and surfaces: faces lie inside,
-  // trimmed ones with room around them.
+  // m_bbox where it is valid. Else the box of the faces, computed anew at each call: of the control
+  // points of that part of each surface which the trims of the face need.
   ON_BoundingBox BoundingBox() const override;
 
   // True when every position names a part that is there and each part is named back by those that
@@ -133,7 +133,7 @@ class ON_Brep : public ON_Geometry {
   std::vector<ON_BrepTrim> m_T;
   std::vector<ON_BrepLoop> m_L;
   std::vector<ON_BrepFace> m_F;
-  // The box of the faces as stored; not valid where a document has none.
+  // The box of the faces, when it was computed before.
   ON_BoundingBox m_bbox;
   // 0 not known, 1 closed and looking outwards, 2 closed and looking inwards, 3 open. As stored.
   int m_is_solid = 0;

@@ -1,70 +1,15 @@
-#include <algorithm>
-
-#include "host/geometry/on_arc_curve.h"
 #include "host/geometry/on_brep.h"
+#include "host/geometry/on_curve_part.h"
 #include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_nurbs_surface.h"
-#include "host/geometry/on_parameters.h"
-#include "host/geometry/on_poly_curve.h"
+#include "host/geometry/on_table.h"
 
 namespace {
-
-bool GetPart(const ON_Curve& curve, ON_Interval part, ON_NurbsCurve& form);
-
-// An arc's NURBS form goes round with another speed, so that it can't be cut at a parameter of the
-// arc: the arc is cut first.
-bool GetPartOfArc(const ON_ArcCurve& curve, ON_Interval part, ON_NurbsCurve& form) {
-  ON_ArcCurve arc = curve;
-  const auto angle_at = [&](double t) {
-    return curve.m_arc.m_angle.ParameterAt(curve.m_t.NormalizedParameterAt(t));
-  };
-  arc.m_arc.m_angle = {angle_at(part.Min), angle_at(part.Max)};
-  arc.m_t = part;
-  return arc.IsValid() && arc.GetNurbForm(form);
-}
-
-// The part of a segment of a polycurve, which has the stretch `interval` of the polycurve's domain.
-bool GetPartOfSegment(const ON_Curve& segment, ON_Interval interval, ON_Interval part,
-                      ON_NurbsCurve& form) {
-  const ON_Interval inside{std::max(part.Min, interval.Min), std::min(part.Max, interval.Max)};
-  const ON_Interval domain = segment.Domain();
-  const auto own = [&](double t) { return domain.ParameterAt(interval.NormalizedParameterAt(t)); };
-  if (!GetPart(segment, {own(inside.Min), own(inside.Max)}, form)) return false;
-  form.SetDomain(inside);
-  return form.IsValid();
-}
-
-bool GetPartOfPolyCurve(const ON_PolyCurve& curve, ON_Interval part, ON_NurbsCurve& form) {
-  std::vector<ON_NurbsCurve> parts;
-  int order = 2;
-  for (std::size_t i = 0; i < curve.m_segment.size(); ++i) {
-    const ON_Interval interval{curve.m_t[i], curve.m_t[i + 1]};
-    if (interval.Max <= part.Min || interval.Min >= part.Max) continue;
-    if (!GetPartOfSegment(*curve.m_segment[i], interval, part, parts.emplace_back())) return false;
-    order = std::max(order, parts.back().Order());
-  }
-  if (parts.empty()) return false;
-  if (parts.size() > 1) {
-    for (ON_NurbsCurve& p : parts) p.ClampAndRaise(order);
-  }
-  form = std::move(parts.front());
-  for (std::size_t i = 1; i < parts.size(); ++i) form.Append(parts[i]);
-  return form.IsValid();
-}
-
-// A stretch of a curve in NURBS form; its domain is that stretch.
-bool GetPart(const ON_Curve& curve, ON_Interval part, ON_NurbsCurve& form) {
-  if (part == curve.Domain()) return curve.GetNurbForm(form);
-  if (!part.IsIncreasing()) return false;
-  if (const auto* arc = ON_ArcCurve::Cast(&curve)) return GetPartOfArc(*arc, part, form);
-  if (const auto* poly = ON_PolyCurve::Cast(&curve)) return GetPartOfPolyCurve(*poly, part, form);
-  return curve.GetNurbForm(form) && form.Trim(part);
-}
 
 // What a trim stands for, in its own direction. Null when it has no NURBS form.
 std::shared_ptr<ON_NurbsCurve> WholeCurve(const ON_Brep& brep, const ON_BrepTrim& trim) {
   auto curve = std::make_shared<ON_NurbsCurve>();
-  if (!GetPart(brep.CurveOf(trim), trim.m_domain, *curve)) return nullptr;
+  if (!ON_GetCurvePart(brep.CurveOf(trim), trim.m_domain, *curve)) return nullptr;
   if (trim.m_bReversed) curve->Reverse();
   return curve;
 }
@@ -88,26 +33,11 @@ void Stretch(ON_NurbsCurve& curve, const std::array<ON_Interval, 2>& from,
   }
 }
 
-// Drops what isn't used and returns the new position of each, -1 for what was dropped.
-template <class T>
-std::vector<int> KeepUsed(std::vector<T>& table, const std::vector<bool>& is_used) {
-  std::vector<int> position(table.size(), -1);
-  std::size_t count = 0;
-  for (std::size_t i = 0; i < table.size(); ++i) {
-    if (!is_used[i]) continue;
-    position[i] = static_cast<int>(count);
-    if (i != count) table[count] = std::move(table[i]);
-    ++count;
-  }
-  table.resize(count);
-  return position;
-}
-
 template <class T, class Part>
 void CompactTable(std::vector<T>& table, std::vector<Part>& parts, int Part::*index) {
   std::vector<bool> is_used(table.size(), false);
   for (const Part& part : parts) is_used[static_cast<std::size_t>(part.*index)] = true;
-  const std::vector<int> position = KeepUsed(table, is_used);
+  const std::vector<int> position = ON_Keep(table, is_used);
   for (Part& part : parts) part.*index = position[static_cast<std::size_t>(part.*index)];
 }
 

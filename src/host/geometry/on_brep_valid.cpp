@@ -1,20 +1,11 @@
 #include <algorithm>
 
 #include "host/geometry/on_brep.h"
+#include "host/geometry/on_table.h"
 
 // Whether the parts of a brep name each other rightly.
 
 namespace {
-
-template <class T>
-bool IsIn(int index, const std::vector<T>& table) {
-  return index >= 0 && static_cast<std::size_t>(index) < table.size();
-}
-
-template <class T>
-const T& At(const std::vector<T>& table, int index) {
-  return table[static_cast<std::size_t>(index)];
-}
 
 template <class T>
 bool HasNull(const std::vector<T>& table) {
@@ -28,24 +19,24 @@ bool IsStretchOf(ON_Interval stretch, const ON_Curve& curve) {
 }
 
 bool NamesAreValid(const ON_Brep& brep, const ON_BrepEdge& edge) {
-  return IsIn(edge.m_c3i, brep.m_C3) && IsIn(edge.m_vi[0], brep.m_V) &&
-         IsIn(edge.m_vi[1], brep.m_V) && IsStretchOf(edge.m_domain, brep.CurveOf(edge));
+  return ON_IsIn(edge.m_c3i, brep.m_C3) && ON_IsIn(edge.m_vi[0], brep.m_V) &&
+         ON_IsIn(edge.m_vi[1], brep.m_V) && IsStretchOf(edge.m_domain, brep.CurveOf(edge));
 }
 
 bool NamesAreValid(const ON_Brep& brep, const ON_BrepTrim& trim) {
   const bool has_edge =
-      trim.m_type == ON_BrepTrim::Type::singular ? trim.m_ei == -1 : IsIn(trim.m_ei, brep.m_E);
-  return has_edge && IsIn(trim.m_c2i, brep.m_C2) && IsIn(trim.m_li, brep.m_L) &&
-         IsIn(trim.m_vi[0], brep.m_V) && IsIn(trim.m_vi[1], brep.m_V) &&
+      trim.m_type == ON_BrepTrim::Type::singular ? trim.m_ei == -1 : ON_IsIn(trim.m_ei, brep.m_E);
+  return has_edge && ON_IsIn(trim.m_c2i, brep.m_C2) && ON_IsIn(trim.m_li, brep.m_L) &&
+         ON_IsIn(trim.m_vi[0], brep.m_V) && ON_IsIn(trim.m_vi[1], brep.m_V) &&
          IsStretchOf(trim.m_domain, brep.CurveOf(trim));
 }
 
 bool NamesAreValid(const ON_Brep& brep, const ON_BrepLoop& loop) {
-  return IsIn(loop.m_fi, brep.m_F) && !loop.m_ti.empty();
+  return ON_IsIn(loop.m_fi, brep.m_F) && !loop.m_ti.empty();
 }
 
 bool NamesAreValid(const ON_Brep& brep, const ON_BrepFace& face) {
-  return IsIn(face.m_si, brep.m_S) && !face.m_li.empty();
+  return ON_IsIn(face.m_si, brep.m_S) && !face.m_li.empty();
 }
 
 template <class Part>
@@ -62,8 +53,8 @@ bool ListsAgree(const std::vector<Owner>& owners, std::vector<int> Owner::*list,
   std::vector<bool> is_listed(members.size(), false);
   for (std::size_t i = 0; i < owners.size(); ++i) {
     for (const int index : owners[i].*list) {
-      if (!IsIn(index, members) || is_listed[static_cast<std::size_t>(index)]) return false;
-      if (At(members, index).*owner_of != static_cast<int>(i)) return false;
+      if (!ON_IsIn(index, members) || is_listed[static_cast<std::size_t>(index)]) return false;
+      if (ON_At(members, index).*owner_of != static_cast<int>(i)) return false;
       is_listed[static_cast<std::size_t>(index)] = true;
     }
   }
@@ -78,9 +69,9 @@ bool VerticesAgree(const ON_Brep& brep) {
   std::vector<std::array<bool, 2>> is_listed(brep.m_E.size(), {false, false});
   for (std::size_t i = 0; i < brep.m_V.size(); ++i) {
     for (const int index : brep.m_V[i].m_ei) {
-      if (!IsIn(index, brep.m_E)) return false;
+      if (!ON_IsIn(index, brep.m_E)) return false;
       auto& ends = is_listed[static_cast<std::size_t>(index)];
-      const std::array<int, 2>& vertices = At(brep.m_E, index).m_vi;
+      const std::array<int, 2>& vertices = ON_At(brep.m_E, index).m_vi;
       const bool is_start = vertices[0] == static_cast<int>(i) && !ends[0];
       if (!is_start && (vertices[1] != static_cast<int>(i) || ends[1])) return false;
       ends[is_start ? 0 : 1] = true;

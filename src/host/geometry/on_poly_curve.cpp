@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/geometry/on_nurbs_curve.h"
+#include "host/geometry/on_curve_part.h"
 #include "host/geometry/on_parameters.h"
 
 const ON_PolyCurve* ON_PolyCurve::Cast(const ON_Object* object) {
@@ -62,18 +62,5 @@ bool ON_PolyCurve::GetLength(double* length, double fractional_tolerance) const 
 }
 
 bool ON_PolyCurve::GetNurbForm(ON_NurbsCurve& form) const {
-  std::vector<ON_NurbsCurve> parts(m_segment.size());
-  int order = 2;
-  for (std::size_t i = 0; i < parts.size(); ++i) {
-    if (!m_segment[i]->GetNurbForm(parts[i])) return false;
-    parts[i].SetDomain({m_t[i], m_t[i + 1]});
-    if (!parts[i].IsValid()) return false;
-    order = std::max(order, parts[i].Order());
-  }
-  if (parts.size() > 1) {
-    for (ON_NurbsCurve& part : parts) part.ClampAndRaise(order);
-  }
-  form = std::move(parts.front());
-  for (std::size_t i = 1; i < parts.size(); ++i) form.Append(parts[i]);
-  return form.IsValid();
+  return ON_GetPolyCurvePart(*this, Domain(), form);
 }

@@ -16,8 +16,16 @@ const ON_RevSurface* ON_RevSurface::Cast(const ON_Object* object) {
 }
 
 ON_BoundingBox ON_RevSurface::BoundingBox() const {
-  ON_NurbsSurface form;
-  return GetNurbForm(form) ? form.BoundingBox() : ON_BoundingBox();
+  ON_BoundingBox box;
+  ON_NurbsCurve around;
+  const ON_BoundingBox curve_box = m_curve->BoundingBox();
+  if (!curve_box.IsValid() || !UnitArc().GetNurbForm(around)) return box;
+  for (const ON_3dPoint& corner : curve_box.GetCorners()) {
+    for (const ON_4dPoint& arc : around.m_cv) {
+      box.Include(TurnedCV(ON_NurbsCurve::Unweighted(corner), arc).Euclidean());
+    }
+  }
+  return box;
 }
 
 // The way around as a part of a circle of radius 1.
@@ -80,22 +88,22 @@ bool ON_RevSurface::IsSingular(Side side) const {
   return ON_PointsAreCoincident(end, Foot(end));
 }
 
+// What becomes of a control point of the curve at a control point of the unit arc.
+ON_4dPoint ON_RevSurface::TurnedCV(const ON_4dPoint& cv, const ON_4dPoint& arc) const {
+  const ON_3dPoint foot = Foot(cv.Euclidean());
+  const ON_3dVector x = cv.Euclidean() - foot;
+  const ON_3dVector y = ON_CrossProduct(AxisDirection(), x);
+  const ON_3dVector p =
+      (ON_FromOrigin(foot) * arc.w + x * arc.x + y * arc.y) * (cv.w == 0 ? 1 : cv.w);
+  return {p.x, p.y, p.z, arc.w * cv.w};
+}
+
 bool ON_RevSurface::GetNurbForm(ON_NurbsSurface& form) const {
   ON_NurbsCurve around, along;
   if (!UnitArc().GetNurbForm(around) || !m_curve->GetNurbForm(along)) return false;
-  const ON_3dVector axis = AxisDirection();
-  // What becomes of a control point of the curve at a control point of the unit arc.
-  const auto turned = [&](const ON_4dPoint& cv, const ON_4dPoint& arc) {
-    const ON_3dPoint foot = Foot(cv.Euclidean());
-    const ON_3dVector x = cv.Euclidean() - foot;
-    const ON_3dVector y = ON_CrossProduct(axis, x);
-    const ON_3dVector p =
-        (ON_FromOrigin(foot) * arc.w + x * arc.x + y * arc.y) * (cv.w == 0 ? 1 : cv.w);
-    return ON_4dPoint{p.x, p.y, p.z, arc.w * cv.w};
-  };
   form.CreateProduct(m_bTransposed ? along : around, m_bTransposed ? around : along, true,
                      [&](const ON_4dPoint& a, const ON_4dPoint& b) {
-                       return m_bTransposed ? turned(a, b) : turned(b, a);
+                       return m_bTransposed ? TurnedCV(a, b) : TurnedCV(b, a);
                      });
   return form.IsValid();
 }

@@ -10,7 +10,8 @@ class ON_RevSurface : public ON_Surface {
  public:
   static const ON_RevSurface* Cast(const ON_Object* object);
 
-  // The box of the control points of its NURBS form.
+  // The box that the curve's box sweeps, around by the control points of an arc: as the host has
+  // it, looser than need be.
   ON_BoundingBox BoundingBox() const override;
   // The angle is more than nothing and at most a whole turn.
   bool IsValid() const override;
@@ -42,4 +43,5 @@ class ON_RevSurface : public ON_Surface {
   ON_ArcCurve UnitArc() const;
   ON_3dVector AxisDirection() const;
   ON_3dPoint Foot(const ON_3dPoint& p) const;
+  ON_4dPoint TurnedCV(const ON_4dPoint& cv, const ON_4dPoint& arc) const;
 };

@@ -3,14 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <map>
-#include <numeric>
 
 #include "curve_facts.h"
 #include "facts_documents.h"
-#include "host/geometry/on_nurbs_surface.h"
-#include "host/geometry/on_plane_surface.h"
-#include "host/geometry/on_rev_surface.h"
-#include "host/geometry/on_sum_surface.h"
+#include "surface_facts.h"
 
 using nlohmann::json;
 
@@ -88,39 +84,6 @@ json LoopFacts(const ON_Brep& brep, const ON_BrepFace& face) {
   return loops;
 }
 
-void ExpectCV(const json& fact, const ON_4dPoint& cv, const std::string& what) {
-  const std::array values{cv.x, cv.y, cv.z, cv.w};
-  ExpectNearly(fact, std::span(values).first(fact.size()), kTolerance, what);
-}
-
-void ExpectNurbs(const json& fact, const ON_Surface& surface, const std::string& place) {
-  ON_NurbsSurface form;
-  ASSERT_TRUE(surface.GetNurbForm(form)) << place;
-  EXPECT_TRUE(form.IsValid()) << place;
-  EXPECT_EQ(fact["order"], json({form.Order(0), form.Order(1)})) << place;
-  EXPECT_EQ(fact["cv_count"], json({form.CVCount(0), form.CVCount(1)})) << place;
-  EXPECT_EQ(fact["rational"], form.IsRational()) << place;
-  const ON_4dPoint sum = std::accumulate(form.m_cv.begin(), form.m_cv.end(), ON_4dPoint{});
-  ExpectCV(fact["cv_sum"], sum, place + ".cv_sum");
-  ExpectCV(fact["cv_first"], form.m_cv.front(), place + ".cv_first");
-  ExpectCV(fact["cv_last"], form.m_cv.back(), place + ".cv_last");
-  const auto knot_sum = [&](int direction) {
-    return std::accumulate(form.Knots(direction).begin(), form.Knots(direction).end(), 0.0);
-  };
-  ExpectNearly(fact["knot_sum"], std::array{knot_sum(0), knot_sum(1)}, kTolerance,
-               place + ".knot_sum");
-}
-
-void ExpectSurface(const json& fact, const ON_Surface& surface, const std::string& place) {
-  EXPECT_EQ(fact["surface_class"], SurfaceClassName(surface)) << place;
-  const ON_Interval u = surface.Domain(0), v = surface.Domain(1);
-  ExpectNumbers(fact["domain_u0u1v0v1"], {u.Min, u.Max, v.Min, v.Max}, place + ".domain");
-  const ON_3dPoint middle = surface.PointAt(u.ParameterAt(0.5), v.ParameterAt(0.5));
-  ExpectNearly(fact["point_mid"], std::array{middle.x, middle.y, middle.z}, kTolerance,
-               place + ".point_mid");
-  ExpectNurbs(fact["nurbs"], surface, place + ".nurbs");
-}
-
 void ExpectFace(const json& fact, const ON_Brep& brep, const ON_BrepFace& face,
                 const std::string& place) {
   EXPECT_EQ(fact["rev"], face.m_bRev) << place;
@@ -149,13 +112,6 @@ void ExpectMeshTotals(const json& fact, const ON_Brep& brep, const std::string& 
 }
 
 }  // namespace
-
-std::string SurfaceClassName(const ON_Surface& surface) {
-  if (ON_PlaneSurface::Cast(&surface) != nullptr) return "ON_PlaneSurface";
-  if (ON_RevSurface::Cast(&surface) != nullptr) return "ON_RevSurface";
-  if (ON_SumSurface::Cast(&surface) != nullptr) return "ON_SumSurface";
-  return ON_NurbsSurface::Cast(&surface) != nullptr ? "ON_NurbsSurface" : "";
-}
 
 void ExpectBrep(const json& fact, const ON_Brep& brep, const std::string& place) {
   EXPECT_TRUE(brep.IsValid()) << place;

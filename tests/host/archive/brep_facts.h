@@ -5,9 +5,6 @@
 
 #include "host/geometry/on_brep.h"
 
-// What the other reader calls the class of a surface, "ON_RevSurface".
-std::string SurfaceClassName(const ON_Surface& surface);
-
 // Compares a brep with the facts of its geometry: the counts of its tables, the classes of its
 // curves and surfaces, its faces with their loops, surfaces and meshes.
 void ExpectBrep(const nlohmann::json& fact, const ON_Brep& brep, const std::string& place);

@@ -16,7 +16,7 @@ namespace {
 constexpr unsigned kNewLibrary = 0x90000000;
 constexpr ON_UUID kPointClass = "c3101a1d-f157-11d3-bfe7-0010830122f0"_uuid;
 constexpr ON_UUID kCloudClass = "2488f347-f8fa-11d3-bfec-0010830122f0"_uuid;
-constexpr ON_UUID kBrepClass = "60b5dbc5-e660-11d3-bfe4-0010830122f0"_uuid;
+constexpr ON_UUID kDetailClass = "c8c66efa-b3cb-4e00-9440-2ad66203379e"_uuid;
 constexpr ON_UUID kForeignId = "5d0a7a10-0002-4b6e-9c11-2f3a4b5c6d7e"_uuid;
 constexpr ON_UUID kObjectId = "7d1f42a6-35c8-4b9e-9c07-5e2a1d60b3f4"_uuid;
 
@@ -172,7 +172,7 @@ TEST(ReadObject, AttributesOfAnUnknownVersionFail) {
 }
 
 TEST(ReadObject, AnObjectOfAnotherClassIsCountedAndKeepsItsAttributes) {
-  for (const auto& [id, name] : {std::pair{kBrepClass, std::string("brep")},
+  for (const auto& [id, name] : {std::pair{kDetailClass, std::string("detail view")},
                                  std::pair{kForeignId, "class " + kForeignId.ToString()}}) {
     const auto [reading, object, unread] =
         ReadRecord(80, kNewLibrary, [&, class_id = id](ON_BinaryArchive& archive) {

@@ -150,8 +150,16 @@ void CorpusDocument::MeshesAndPointsHaveTheirBoxes() {
     const ON_BoundingBox box = geometry->BoundingBox();
     const double found[] = {box.m_min.x, box.m_min.y, box.m_min.z,
                             box.m_max.x, box.m_max.y, box.m_max.z};
+    // The other reader leaves room around surfaces of revolution that are part of a brep.
+    const bool isLoose =
+        objects[i].at("geometry").dump().find("ON_RevSurface") != std::string::npos;
     for (std::size_t k = 0; k < 6; ++k) {
-      EXPECT_NEAR(found[k], expected.at(k), 1e-5 * std::max(1.0, std::abs(expected[k])));
+      const double tolerance = 1e-5 * std::max(1.0, std::abs(expected.at(k)));
+      const double outside = k < 3 ? expected[k] - found[k] : found[k] - expected[k];
+      EXPECT_LE(outside, tolerance) << k;
+      if (!isLoose) {
+        EXPECT_GE(outside, -tolerance) << k;
+      }
     }
   }
 }
@@ -214,7 +222,7 @@ void CorpusDocument::TellsInOneLineWhatWasNotRead() {
     const std::string name = objects[i].at("class");
     const CRhinoObject& object = *Doc().Objects()[i];
     const bool isRead = name == "ON_Mesh" || name == "ON_Point" || name == "ON_PointCloud" ||
-                        name.ends_with("Curve") || name.ends_with("Surface");
+                        name == "ON_Brep" || name.ends_with("Curve") || name.ends_with("Surface");
     if (object.Geometry() != nullptr) continue;
     EXPECT_FALSE(isRead && object.ShortDescription() != "annotation arrow") << i;
     EXPECT_EQ(object.ShortDescription(), NameOf(object, name));

@@ -179,6 +179,38 @@ TEST(Curve, ACastFindsTheKind) {
   EXPECT_FALSE(line.HasBrepForm());
 }
 
+// The derivative is what differences come near to.
+void ExpectDerivativeIsLimit(const ON_Curve& curve) {
+  constexpr double kStep = 1e-6;
+  for (const double s : {0.07, 0.3, 0.55, 0.8}) {
+    const double t = curve.Domain().ParameterAt(s);
+    ON_3dPoint point;
+    ON_3dVector derivative;
+    curve.Ev1Der(t, &point, &derivative);
+    ExpectPoint(curve.PointAt(t), point, 1e-13);
+    const ON_3dVector slope = (curve.PointAt(t + kStep) - curve.PointAt(t - kStep)) * (0.5 / kStep);
+    ExpectPoint(ON_3dPoint{0, 0, 0} + slope, ON_3dPoint{0, 0, 0} + derivative, 1e-7);
+  }
+}
+
+TEST(Curve, EachKindHasItsDerivative) {
+  ON_LineCurve line({1, 2, 3}, {4, 6, 3});
+  line.m_t = {-1, 9};
+  ExpectDerivativeIsLimit(line);
+  ON_ArcCurve arc = UprightArc({1, 2, 3}, 4, {0.5, 3});
+  arc.m_t = {0, 1};
+  ExpectDerivativeIsLimit(arc);
+  ON_PolylineCurve polyline = Polyline({{0, 0, 0}, {3, 4, 0}, {3, 4, 2}});
+  polyline.m_t = {0, 1, 5};
+  ExpectDerivativeIsLimit(polyline);
+  ON_PolyCurve poly;
+  AddSegment(poly, arc);
+  AddSegment(poly, line);
+  poly.m_t = {2, 7, 8};
+  ExpectDerivativeIsLimit(poly);
+  ExpectDerivativeIsLimit(ClampedCubic());
+}
+
 TEST(Curve, ALengthThatIsNotFiniteIsNone) {
   constexpr double kHuge = 1.5e308;
   double length = 7;

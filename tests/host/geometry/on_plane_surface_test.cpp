@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "host/geometry/on_point_cloud.h"
+#include "surface_checks.h"
 
 namespace {
 
@@ -27,6 +28,41 @@ TEST(PlaneSurface, ItsBoxHoldsTheRectangle) {
   surface.m_extents[1] = {10, 20};
   EXPECT_EQ(surface.BoundingBox().m_min, (ON_3dPoint{1, 1, 13}));
   EXPECT_EQ(surface.BoundingBox().m_max, (ON_3dPoint{1, 6, 23}));
+}
+
+TEST(PlaneSurface, ItsDomainIsStretchedOverTheRectangle) {
+  ON_PlaneSurface surface;
+  surface.m_plane = UprightPlane();
+  surface.m_domain[0] = {0, 10};
+  surface.m_domain[1] = {-3, 3};
+  surface.m_extents[0] = {-1, 4};
+  surface.m_extents[1] = {10, 20};
+  ASSERT_TRUE(surface.IsValid());
+  EXPECT_EQ(surface.Domain(1), (ON_Interval{-3, 3}));
+  EXPECT_EQ(surface.PointAt(0, -3), (ON_3dPoint{1, 1, 13}));
+  EXPECT_EQ(surface.PointAt(10, 3), (ON_3dPoint{1, 6, 23}));
+  EXPECT_EQ(surface.PointAt(4, 0), (ON_3dPoint{1, 3, 18}));
+  EXPECT_EQ(surface.NormalAt(4, 0), (ON_3dVector{1, 0, 0}));
+  ExpectDerivativesAreLimits(surface);
+  ExpectFormAgrees(surface);
+}
+
+TEST(PlaneSurface, WithoutExtentItIsNotValid) {
+  EXPECT_TRUE(ON_PlaneSurface().IsValid());
+  const ON_Interval bad[] = {{1, 1}, {2, 1}, {0, std::numeric_limits<double>::infinity()}, {}};
+  for (const ON_Interval& interval : bad) {
+    for (const int direction : {0, 1}) {
+      ON_PlaneSurface surface;
+      surface.m_domain[direction] = interval;
+      EXPECT_FALSE(surface.IsValid());
+      surface = {};
+      surface.m_extents[direction] = interval;
+      EXPECT_FALSE(surface.IsValid());
+    }
+  }
+  ON_PlaneSurface surface;
+  surface.m_plane.xaxis = surface.m_plane.yaxis;
+  EXPECT_FALSE(surface.IsValid());
 }
 
 TEST(PlaneSurface, SidesThatAreNoNumbersGiveNoBox) {
