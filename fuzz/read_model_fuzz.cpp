@@ -5,8 +5,10 @@
 #include "host/archive/model_reader.h"
 #include "host/geometry/on_brep.h"
 #include "host/geometry/on_curve.h"
+#include "host/geometry/on_extrusion.h"
 #include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_nurbs_surface.h"
+#include "host/geometry/on_subd.h"
 
 namespace {
 
@@ -43,6 +45,19 @@ void Ask(const ON_Brep& brep) {
   if (!changed.IsValid()) __builtin_trap();
 }
 
+// And what extrusions are made of.
+void Ask(const ON_Extrusion& extrusion) {
+  if (!extrusion.IsValid()) __builtin_trap();
+  static_cast<void>(extrusion.BoundingBox());
+  const auto brep = extrusion.BrepForm();
+  if (brep != nullptr && !brep->IsValid()) __builtin_trap();
+}
+
+void Ask(const ON_SubD& subd) {
+  if (!subd.IsValid()) __builtin_trap();
+  static_cast<void>(subd.BoundingBox());
+}
+
 }  // namespace
 
 // Documents of foreign bytes: whatever they are, reading ends with a result.
@@ -55,6 +70,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (const ON_Curve* curve = ON_Curve::Cast(object.m_geometry.get())) Ask(*curve);
     if (const ON_Surface* surface = ON_Surface::Cast(object.m_geometry.get())) Ask(*surface);
     if (const ON_Brep* brep = ON_Brep::Cast(object.m_geometry.get())) Ask(*brep);
+    if (const auto* extrusion = ON_Extrusion::Cast(object.m_geometry.get())) Ask(*extrusion);
+    if (const ON_SubD* subd = ON_SubD::Cast(object.m_geometry.get())) Ask(*subd);
   }
   return 0;
 }

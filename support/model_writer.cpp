@@ -58,7 +58,7 @@ void WriteTables(ON_BinaryArchive& archive, const ONX_Model& model) {
 
 std::string WriteModel(const ONX_Model& model) {
   const int version = model.m_3dm_file_version;
-  if (version != 4 && version != 50) return {};
+  if (version != 4 && version != 50 && version != 80) return {};
   ON_BinaryArchive archive(version);
   if (!host::WriteFileStart(archive, model.m_start_section_comments)) return {};
   model_writer::WriteTables(archive, model);

@@ -6,9 +6,11 @@
 #include "host/archive/model.h"
 #include "host/geometry/on_brep.h"
 #include "host/geometry/on_curve.h"
+#include "host/geometry/on_extrusion.h"
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
+#include "host/geometry/on_subd.h"
 
 // One function per kind of record; each writes the whole record with its chunk.
 
@@ -43,6 +45,9 @@ void WriteSurfaceData(ON_BinaryArchive& archive, const ON_Surface& surface);
 // The id under which a surface's class is written.
 ON_UUID SurfaceClass(const ON_Surface& surface);
 void WriteBrepData(ON_BinaryArchive& archive, const ON_Brep& brep);
+// The profile must be there.
+void WriteExtrusionData(ON_BinaryArchive& archive, const ON_Extrusion& extrusion);
+void WriteSubDData(ON_BinaryArchive& archive, const ON_SubD& subd);
 // What a clipping plane has of a plane surface's data.
 void WritePlaneSurfaceData(ON_BinaryArchive& archive, const ON_PlaneSurface& surface);
 

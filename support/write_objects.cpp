@@ -9,6 +9,8 @@ constexpr ON_UUID kBrepClass = "60b5dbc5-e660-11d3-bfe4-0010830122f0"_uuid;
 constexpr ON_UUID kPointClass = "c3101a1d-f157-11d3-bfe7-0010830122f0"_uuid;
 constexpr ON_UUID kPointCloudClass = "2488f347-f8fa-11d3-bfec-0010830122f0"_uuid;
 constexpr ON_UUID kClippingPlaneClass = "dbc5a584-ce3f-4170-98a8-497069ca5c36"_uuid;
+constexpr ON_UUID kExtrusionClass = "36f53175-72b8-4d47-bf1f-b4e6fc24f4b9"_uuid;
+constexpr ON_UUID kSubDClass = "f09ba4d9-455b-42c3-ba3b-e6ccacef853b"_uuid;
 constexpr ON_UUID kLightClass = "85a08513-f383-11d3-bfe7-0010830122f0"_uuid;
 
 void WritePointData(ON_BinaryArchive& archive, const ON_Point& point) {
@@ -87,6 +89,13 @@ GeometryWriter WriterFor(const ONX_ModelObject& object) {
   }
   if (const ON_Brep* brep = ON_Brep::Cast(geometry)) {
     return {kBrepClass, [brep](ON_BinaryArchive& data) { WriteBrepData(data, *brep); }};
+  }
+  if (const ON_Extrusion* extrusion = ON_Extrusion::Cast(geometry)) {
+    return {kExtrusionClass,
+            [extrusion](ON_BinaryArchive& data) { WriteExtrusionData(data, *extrusion); }};
+  }
+  if (const ON_SubD* subd = ON_SubD::Cast(geometry)) {
+    return {kSubDClass, [subd](ON_BinaryArchive& data) { WriteSubDData(data, *subd); }};
   }
   if (const ON_Curve* curve = ON_Curve::Cast(geometry)) {
     return {CurveClass(*curve), [curve](ON_BinaryArchive& data) { WriteCurveData(data, *curve); }};

@@ -57,6 +57,7 @@ class ExportTest : public testing::Test {
   CRhinoDoc doc_;
   orv::RenderSettings settings_;
   CRhinoFileWriteOptions options_;
+  int reparameterize_ = 1;
   // Not null for an interactive export.
   const orv::IprSettings* iprSettings_ = nullptr;
   orv::TextureConverter textures_;

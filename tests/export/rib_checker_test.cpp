@@ -182,12 +182,81 @@ TEST(RibChecker, FindsTagsThatDoNotAgreeWithTheirCounts) {
   EXPECT_THAT(
       complaintsWith("[\"corner\"] [2 1] [0] [5]"),
       ElementsAre("line 1: SubdivisionMesh has tags whose counts don't agree with their values"));
+  EXPECT_THAT(
+      complaintsWith("[\"corner\" \"corner\"] [2 1 -1 0] [0] [5]"),
+      ElementsAre("line 1: SubdivisionMesh has tags whose counts don't agree with their values"));
+}
+
+TEST(RibChecker, FindsTagsThatNoSubdivisionMeshTakes) {
+  const auto complaintsWith = [](std::string_view tags) {
+    return Complaints("SubdivisionMesh \"catmull-clark\" [3] [0 1 2] " + std::string(tags) +
+                      " \"P\" [0 0 0 1 0 0 1 1 0]\n");
+  };
+  EXPECT_THAT(complaintsWith("[\"interpolateboundary\" \"crease\" \"corner\"] [1 0 3 1 2 2] "
+                             "[1 0 1 2 0 2] [10 3 4]"),
+              IsEmpty());
+  EXPECT_THAT(complaintsWith("[\"crease\"] [3 2] [0 1 2] [10 9]"), IsEmpty());
+  EXPECT_THAT(complaintsWith("[\"smooth\"] [1 0] [0] []"),
+              ElementsAre("line 1: SubdivisionMesh has the unknown tag smooth"));
+  EXPECT_THAT(complaintsWith("[\"crease\"] [1 1] [0] [10]"),
+              ElementsAre("line 1: SubdivisionMesh has a crease of the wrong length"));
+  EXPECT_THAT(complaintsWith("[\"corner\"] [3 2] [0 1 2] [10 10]"),
+              ElementsAre("line 1: SubdivisionMesh has a corner of the wrong length"));
+  EXPECT_THAT(complaintsWith("[\"crease\"] [2 1] [0 3] [10]"),
+              ElementsAre("line 1: SubdivisionMesh has the crease index 3 into 3 points"));
+  EXPECT_THAT(complaintsWith("[\"interpolateboundary\"] [1 1] [1] [0]"),
+              ElementsAre("line 1: SubdivisionMesh has more in its boundary tag than a number"));
 }
 
 TEST(RibChecker, TakesDeclarationsOfTheStream) {
   EXPECT_THAT(Complaints("Declare \"heat\" \"varying float\"\n"
                          "PointsPolygons [3] [0 1 2] \"P\" [0 0 0 1 0 0 1 1 0] \"heat\" [1 2]\n"),
               ElementsAre("line 2: PointsPolygons has 2 values of \"heat\" and not 3"));
+}
+
+TEST(RibChecker, LooksAtPatches) {
+  constexpr std::string_view kPatch =
+      "NuPatch 2 2 [0 0 1 1 ] 0 1 2 2 [0 0 1 1 ] 0 1 \"P\" [0 0 0 1 0 0 0 1 0 1 1 0 ]\n";
+  EXPECT_THAT(Complaints(kPatch), IsEmpty());
+  EXPECT_THAT(Complaints("NuPatch 2 2 [0 0 1 1 ] 0 1 2 2 [0 0 1 ] 0 2 \"P\" [0 0 0 1 0 0 ]\n"),
+              ElementsAre("line 1: NuPatch: it has 3 knots",
+                          "line 1: NuPatch: its points have the wrong count"));
+  EXPECT_THAT(Complaints("NuPatch 2 2 [0 1 0 1 ] 0 1 2 2 [0 0 1 1 ] 0 2 \"Pw\" [0 0 0 1 ]\n"),
+              ElementsAre("line 1: NuPatch: its knots decrease",
+                          "line 1: NuPatch: its domain goes beyond its knots",
+                          "line 1: NuPatch: its domain goes beyond its knots",
+                          "line 1: NuPatch: its points have the wrong count"));
+}
+
+TEST(RibChecker, LooksAtTrims) {
+  EXPECT_THAT(Complaints("TrimCurve [ 1 ] [ 2 ] [ 0 0 1 1 ] [ 0 ] [ 1 ] [ 2 ] [ 0 1 ] [ 0 1 ] "
+                         "[ 1 1 ]\n"),
+              IsEmpty());
+  EXPECT_THAT(Complaints("TrimCurve [ 2 ] [ 2 ] [ 0 0 1 1 2 ] [ 0 ] [ 1 ] [ 2 ] [ 0 ] [ 0 1 ] "
+                         "[ 1 1 ]\n"),
+              ElementsAre("line 1: TrimCurve: the loops have more or fewer curves than there are "
+                          "orders",
+                          "line 1: TrimCurve: there are too many knots",
+                          "line 1: TrimCurve: a coordinate of the control points has the wrong "
+                          "count"));
+}
+
+TEST(RibChecker, LooksAtCurvesAndPoints) {
+  EXPECT_THAT(Complaints("NuCurves [2] [2] [0 0 1 1] [0] [1] \"P\" [0 0 0 1 0 0 ]\n"
+                         "Curves \"linear\" [2] \"nonperiodic\" \"P\" [ 0 0 0 1 0 0 ]\n"
+                         "Points \"P\" [0 0 0 ]\n"),
+              IsEmpty());
+  EXPECT_THAT(Complaints("NuCurves [2] [3] [0 0 0 1 1] [0] [1] \"P\" [0 0 0 1 0 0 ]\n"
+                         "Curves \"linear\" [3] \"nonperiodic\" \"P\" [ 0 0 0 1 0 0 ]\n"
+                         "Points \"P\" [0 0 0 ]\n\"varying color Cs\" [1 1 ]\n"),
+              ElementsAre("line 1: NuCurves: it has fewer control points than its order",
+                          "line 2: Curves: its points have the wrong count",
+                          "line 3: Points: Cs has the wrong count"));
+}
+
+TEST(RibChecker, ClosesAnOpenArrayBeforeTheNextStatement) {
+  EXPECT_THAT(Complaints("Points \"P\" [0 0 0 ]\n\"varying color Cs\" [1 1 1 \nColor 1 0 0\n"),
+              ElementsAre("line 2: an array is not closed"));
 }
 
 }  // namespace

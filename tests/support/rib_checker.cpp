@@ -5,6 +5,7 @@
 #include <set>
 
 #include "support/rib_mesh_checker.h"
+#include "support/rib_nurbs_checker.h"
 #include "support/rib_parser.h"
 
 namespace {
@@ -87,6 +88,7 @@ void CheckStatements(RibReport& report) {
     if (statement.Name == "PointsPolygons" || statement.Name == "SubdivisionMesh") {
       CheckRibMesh(statement, declared, report);
     }
+    CheckRibNurbs(statement, report);
   }
   blocks.Finish();
 }

@@ -43,5 +43,7 @@ struct RibReport {
 //   alone, no line over 4,096 bytes, an end of line at the end;
 // - its blocks: each one closed, in order;
 // - its polygon and subdivision meshes: indices against points, and the length of each parameter
-//   against its class and type, by the names known to every renderer, by Declare or inline.
+//   against its class and type, by the names known to every renderer, by Declare or inline;
+// - its patches, trims and curves: knots against orders and control points, domains inside the
+//   knots, and the lengths of all arrays.
 RibReport CheckRib(std::string_view rib);

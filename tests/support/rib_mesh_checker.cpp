@@ -74,7 +74,7 @@ class MeshChecker {
     }
     counts_.points = points->Numbers.size() / 3;
     CheckFaces(mesh_.Arguments[first].Numbers);
-    CheckIndices(mesh_.Arguments[first + 1].Numbers);
+    CheckCornerIndices(mesh_.Arguments[first + 1].Numbers);
     std::size_t next = first + 2;
     if (first == 1) next = CheckTags(next);
     CheckParameters(next);
@@ -101,15 +101,20 @@ class MeshChecker {
     counts_.corners = static_cast<std::size_t>(corners);
   }
 
-  void CheckIndices(const std::vector<double>& indices) {
+  void CheckCornerIndices(const std::vector<double>& indices) {
     if (indices.size() != counts_.corners) {
       Complain("has " + Number(indices.size()) + " indices for " + Number(counts_.corners) +
                " corners");
     }
+    CheckIndices(indices, "");
+  }
+
+  // `whose` is in front of "index" when it isn't that of a face.
+  void CheckIndices(const std::vector<double>& indices, const std::string& whose) {
     for (const double index : indices) {
       if (index >= 0 && index < static_cast<double>(counts_.points)) continue;
-      Complain("has the index " + std::to_string(static_cast<long long>(index)) + " into " +
-               Number(counts_.points) + " points");
+      Complain("has the " + whose + "index " + std::to_string(static_cast<long long>(index)) +
+               " into " + Number(counts_.points) + " points");
       return;
     }
   }
@@ -135,11 +140,39 @@ class MeshChecker {
     }
     std::array<double, 2> sums{};
     for (std::size_t i = 0; i < counts.size(); ++i) sums[i % 2] += counts[i];
-    if (sums[0] != static_cast<double>(arguments[next + 2].Numbers.size()) ||
+    const bool isNegative =
+        std::any_of(counts.begin(), counts.end(), [](double count) { return count < 0; });
+    if (isNegative || sums[0] != static_cast<double>(arguments[next + 2].Numbers.size()) ||
         sums[1] > static_cast<double>(arguments[next + 3].Numbers.size())) {
       Complain("has tags whose counts don't agree with their values");
+      return next + 4;
     }
+    CheckTagValues(arguments[next].Texts, counts, arguments[next + 2].Numbers);
     return next + 4;
+  }
+
+  // The integers and reals that each kind of tag takes.
+  void CheckTagValues(const std::vector<std::string>& names, const std::vector<double>& counts,
+                      const std::vector<double>& integers) {
+    auto integer = integers.begin();
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      const double vertices = counts[2 * i];
+      const double reals = counts[2 * i + 1];
+      const auto end = integer + static_cast<std::ptrdiff_t>(vertices);
+      if (names[i] == "interpolateboundary") {
+        if (vertices > 1 || reals != 0) Complain("has more in its boundary tag than a number");
+      } else if (names[i] == "crease" || names[i] == "corner") {
+        const bool isCrease = names[i] == "crease";
+        const double sharp = isCrease ? vertices - 1 : vertices;
+        if (sharp < 1 || (reals != 1 && reals != sharp)) {
+          Complain("has a " + names[i] + " of the wrong length");
+        }
+        CheckIndices(std::vector<double>(integer, end), names[i] + " ");
+      } else {
+        Complain("has the unknown tag " + names[i]);
+      }
+      integer = end;
+    }
   }
 
   void CheckParameters(std::size_t next) {

@@ -1,6 +1,7 @@
 #include "support/rib_parser.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -125,8 +126,13 @@ class Parser {
       } else if (c == '[') {
         Complain("an array stands in an array");
         ++at_;
-      } else {
+      } else if (StartsNumber(c)) {
         array.Numbers.push_back(ReadNumber());
+      } else if (std::isupper(static_cast<unsigned char>(c)) != 0) {
+        // The next statement.
+        break;
+      } else {
+        Complain("'" + std::string(ReadWord()) + "' is no finite number");
       }
     }
     ComplainAboutLine(report_, array.Line, "an array is not closed");

@@ -5,7 +5,9 @@
 #include "host/archive/read_attributes.h"
 #include "host/archive/read_brep.h"
 #include "host/archive/read_curve.h"
+#include "host/archive/read_extrusion.h"
 #include "host/archive/read_geometry.h"
+#include "host/archive/read_subd.h"
 #include "host/archive/read_surface.h"
 #include "host/archive/record_readers.h"
 
@@ -72,6 +74,10 @@ bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCoun
   if (IsCurveClass(id)) return ReadGeometryWith(ReadCurveOf, archive, object);
   if (IsSurfaceClass(id)) return ReadGeometryWith(ReadSurfaceOf, archive, object);
   if (IsBrepClass(id)) return ReadGeometryOf<ON_Brep>(archive, ReadBrep, object.m_geometry);
+  if (id == kExtrusionClass) {
+    return ReadGeometryOf<ON_Extrusion>(archive, ReadExtrusion, object.m_geometry);
+  }
+  if (id == kSubDClass) return ReadGeometryOf<ON_SubD>(archive, ReadSubD, object.m_geometry);
   unread.Add(ClassName(id));
   return true;
 }

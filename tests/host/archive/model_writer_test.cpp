@@ -46,11 +46,11 @@ class ModelWriterTest : public testing::TestWithParam<int> {
   ONX_Model model_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Versions, ModelWriterTest, testing::Values(4, 50));
+INSTANTIATE_TEST_SUITE_P(Versions, ModelWriterTest, testing::Values(4, 50, 80));
 
 TEST(ModelWriter, RefusesOtherVersions) {
   ONX_Model model;
-  for (const int version : {0, 1, 2, 3, 5, 60, 80}) {
+  for (const int version : {0, 1, 2, 3, 5, 60, 70}) {
     model.m_3dm_file_version = version;
     EXPECT_EQ(WriteModel(model), "") << version;
   }

@@ -10,6 +10,7 @@
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
+#include "solid_facts.h"
 #include "support/class_words.h"
 #include "surface_facts.h"
 
@@ -252,7 +253,7 @@ void ExpectClippingPlane(const json& fact, const ON_ClippingPlaneSurface& surfac
 // Boxes are exact but for meshes that round their vertices and for what is computed.
 double BoxTolerance(const json& figures, const ON_Geometry& geometry) {
   const bool is_computed =
-      ON_Curve::Cast(&geometry) != nullptr || ON_Surface::Cast(&geometry) != nullptr;
+      ON_Curve::Cast(&geometry) || ON_Surface::Cast(&geometry) || ON_Extrusion::Cast(&geometry);
   if (is_computed) return 1e-12;
   if (ON_Brep::Cast(&geometry) != nullptr) return 1e-9;
   return figures.value("double_precision", false) ? 1e-6 : 0;
@@ -288,6 +289,13 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
     ExpectSurface(figures, *surface, place);
   } else if (const ON_Brep* brep = ON_Brep::Cast(&geometry)) {
     ExpectBrep(figures, *brep, place);
+  } else if (const ON_Extrusion* extrusion = ON_Extrusion::Cast(&geometry)) {
+    ExpectExtrusion(figures, *extrusion, place);
+    if (const ON_Mesh* cached = extrusion->m_render_mesh.get()) {
+      ExpectMesh(figures["render_mesh"], *cached, place + ".render_mesh");
+    }
+  } else if (const ON_SubD* subd = ON_SubD::Cast(&geometry)) {
+    ExpectSubD(figures, *subd, place);
   } else {
     ADD_FAILURE() << place << ": geometry of a kind that isn't compared";
   }
@@ -296,7 +304,8 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
 // The other reader's names of the classes that are read.
 bool IsReadClass(const std::string& name) {
   return name == "ON_Mesh" || name == "ON_Point" || name == "ON_PointCloud" || name == "ON_Brep" ||
-         name.ends_with("Curve") || name.ends_with("Surface");
+         name == "ON_Extrusion" || name == "ON_SubD" || name.ends_with("Curve") ||
+         name.ends_with("Surface");
 }
 
 // The other reader turns the arrows of version 2 into lines.

@@ -222,7 +222,8 @@ void CorpusDocument::TellsInOneLineWhatWasNotRead() {
     const std::string name = objects[i].at("class");
     const CRhinoObject& object = *Doc().Objects()[i];
     const bool isRead = name == "ON_Mesh" || name == "ON_Point" || name == "ON_PointCloud" ||
-                        name == "ON_Brep" || name.ends_with("Curve") || name.ends_with("Surface");
+                        name == "ON_Brep" || name == "ON_Extrusion" || name == "ON_SubD" ||
+                        name.ends_with("Curve") || name.ends_with("Surface");
     if (object.Geometry() != nullptr) continue;
     EXPECT_FALSE(isRead && object.ShortDescription() != "annotation arrow") << i;
     EXPECT_EQ(object.ShortDescription(), NameOf(object, name));

@@ -1,0 +1,1 @@
+"""Draws a RIB stream without a renderer, to see whether the geometry is right."""
