@@ -165,10 +165,12 @@ void GridMeshAlgo::AddWorst(const Corners& corners, IMeshData::ListOfPnt2d& node
 
 void GridMeshAlgo::postProcessMesh(BRepMesh_Delaun& mesher, const Message_ProgressRange& range) {
   constexpr int kMostPasses = 24;
-  constexpr int kMostTriangles = 1000000;
+  constexpr int kMostTriangles = 500000;
   checked_.clear();
   Message_ProgressScope scope(range, "", kMostPasses + 1);
   InsertionAlgo::postProcessMesh(mesher, scope.Next());
+  const bool is_plane = getDFace()->GetSurface()->GetType() == GeomAbs_Plane;
+  if (is_plane && max_edge_ == 0) return;
   for (int pass = 0; pass < kMostPasses && scope.More(); ++pass) {
     const IMeshData::MapOfInteger& triangles = getStructure()->ElementsOfDomain();
     if (triangles.Extent() > kMostTriangles) return;

@@ -138,7 +138,7 @@ Handle(Geom2d_Curve)
       *form, [&](const ON_3dPoint& p, gp_Pnt2d& pole) {
         const ON_2dPoint uv = surface.ToFrame(p.x, p.y);
         pole = gp_Pnt2d(uv.x, uv.y);
-        return IsTame(uv.x, uv.y, 0);
+        return surface.Reaches(uv);
       });
 }
 

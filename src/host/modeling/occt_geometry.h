@@ -36,7 +36,12 @@ struct FrameSurface {
   // (u, v) is ((u - origin[0]) * scale[0], (v - origin[1]) * scale[1]) there.
   std::array<double, 2> origin{0, 0};
   std::array<double, 2> scale{1, 1};
+  // How long the domain is there.
+  std::array<double, 2> length{0, 0};
 
+  // True for parameters that are near enough to the domain, which begins at 0: where a surface that
+  // is no plane goes on far outside, it is soon beyond all measure.
+  bool Reaches(const ON_2dPoint& uv) const;
   ON_2dPoint ToFrame(double u, double v) const {
     return {(u - origin[0]) * scale[0], (v - origin[1]) * scale[1]};
   }

@@ -57,6 +57,7 @@ std::optional<FrameSurface> MakeChart(const ON_Surface& surface, const ModelFram
     const double length = std::max(LengthOf(surface, direction) * frame.scale, kLeastLength);
     chart.origin[d] = domain.Min;
     chart.scale[d] = length / domain.Length();
+    chart.length[d] = length;
     if (!domain.IsIncreasing() || !(length < kGreatestCoordinate) ||
         !std::isnormal(chart.scale[d])) {
       return std::nullopt;
@@ -131,6 +132,14 @@ bool IsClamped(const ON_NurbsSurface& form, int direction) {
 }
 
 }  // namespace
+
+bool FrameSurface::Reaches(const ON_2dPoint& uv) const {
+  const auto is_near = [this](double t, double end) {
+    if (surface->IsKind(STANDARD_TYPE(Geom_Plane))) return std::abs(t) < kGreatestCoordinate;
+    return t >= -end && t <= 2 * end;
+  };
+  return is_near(uv.x, length[0]) && is_near(uv.y, length[1]);
+}
 
 FrameSurface MakeFrameSurface(const std::shared_ptr<const ON_Surface>& surface,
                               const ModelFrame& frame) {

@@ -35,7 +35,7 @@ IMeshTools_Parameters MesherParameters(const MeshQuality& quality, const ModelFr
 
 // Longer than any sound brep takes, so that one that isn't doesn't hold up the rest for good.
 std::chrono::seconds TimeFor(std::size_t face_count) {
-  return std::chrono::seconds(60 + face_count / 4);
+  return std::chrono::seconds(30 + face_count / 4);
 }
 
 // Triangles of the faces that the mesher gets on with.
