@@ -40,7 +40,7 @@ struct ON_BrepTrim {
   int m_c2i = -1;
   bool m_bReversed = false;
   ON_Interval m_domain;
-  // -1 at a singular side, which is a point in space.
+  // -1 of a singular one, which is a point in space; no other lacks its edge.
   int m_ei = -1;
   std::array<int, 2> m_vi{-1, -1};
   // True when it runs against its edge.
