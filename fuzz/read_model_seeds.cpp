@@ -18,6 +18,7 @@
 #include "support/brep_shapes.h"
 #include "support/model_writer.h"
 #include "support/shapes.h"
+#include "support/solid_shapes.h"
 
 // Makes the seeds of read_model_fuzz anew: read_model_seeds FOLDER.
 
@@ -160,6 +161,19 @@ ONX_Model Everything(int version) {
   return model;
 }
 
+// Extrusions and SubDs, whose records differ from version to version.
+ONX_Model Solids(int version) {
+  ONX_Model model;
+  model.m_3dm_file_version = version;
+  std::shared_ptr<ON_Extrusion> block = MakeDrilledBlock();
+  block->m_bHaveN[1] = true;
+  block->m_N[1] = {0.5, 0, 1};
+  block->m_render_mesh = std::make_shared<ON_Mesh>(MakeBox({{0, 0, 0}, {1, 2, 3}}));
+  AddObject(model, std::move(block));
+  AddObject(model, std::make_shared<ON_SubD>(MakeSubDBox({{0, 0, 0}, {1, 2, 3}})));
+  return model;
+}
+
 ONX_Model Empty(int version) {
   ONX_Model model;
   model.m_3dm_file_version = version;
@@ -195,6 +209,10 @@ int main(int argc, char** argv) {
                   Write(folder, "everything_4.3dm", narrow) &&
                   Write(folder, "everything_50.3dm", wide) &&
                   Write(folder, "everything_80.3dm", UnderVersion(wide, "80")) &&
+                  Write(folder, "solids_4.3dm", WriteModel(Solids(4))) &&
+                  Write(folder, "solids_50.3dm", WriteModel(Solids(50))) &&
+                  Write(folder, "solids_70.3dm", UnderVersion(WriteModel(Solids(80)), "70")) &&
+                  Write(folder, "solids_80.3dm", WriteModel(Solids(80))) &&
                   Write(folder, "cut.3dm", wide.substr(0, wide.size() * 3 / 4));
   return ok ? 0 : 1;
 }

@@ -3,10 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 #include "export/crease_chains.h"
+#include "host/archive/model_reader.h"
 #include "rib_fragment.h"
+#include "support/model_corpus.h"
+#include "support/rib_checker.h"
 
 namespace orv {
 namespace {
@@ -99,6 +103,31 @@ TEST(SubDWriter, WhatIsNoSurfaceIsNotWritten) {
   subd = Domino();
   subd.m_vertex[0].m_P.y = std::numeric_limits<double>::infinity();
   EXPECT_EQ(SubDStream(subd), "");
+}
+
+// The SubDs of the corpus are statements that a renderer takes, with all their faces and creases.
+TEST(SubDWriter, WritesThoseOfRealDocuments) {
+  const auto corpus = ModelCorpus();
+  if (!corpus) GTEST_SKIP() << "ORV_MODEL_CORPUS is not set";
+  ONX_Model model;
+  ASSERT_TRUE(ON_ReadModel((*corpus / "real/v7_rhino_logo_subd.3dm").string(), model).ok);
+  ASSERT_THAT(model.m_object_table, SizeIs(6));
+  for (const ONX_ModelObject& object : model.m_object_table) {
+    const ON_SubD* subd = ON_SubD::Cast(object.m_geometry.get());
+    ASSERT_NE(subd, nullptr);
+    const RibReport report = CheckRib(SubDStream(*subd));
+    EXPECT_THAT(report.Complaints, IsEmpty());
+    ASSERT_THAT(report.Statements, SizeIs(1));
+    const std::vector<RibArgument>& arguments = report.Statements[0].Arguments;
+    EXPECT_THAT(arguments[1].Numbers, SizeIs(subd->m_face.size()));
+    EXPECT_THAT(report.Statements[0].Parameter("P")->Numbers, SizeIs(3 * subd->m_vertex.size()));
+    // A crease of n edges has n + 1 vertices; one number belongs to the boundary.
+    const auto creases = std::count_if(subd->m_edge.begin(), subd->m_edge.end(),
+                                       [](const ON_SubDEdge& edge) { return edge.m_is_crease; });
+    const std::size_t chains = arguments[3].Texts.size() - 1;
+    EXPECT_EQ(arguments[5].Numbers.size(), 1 + static_cast<std::size_t>(creases) + chains);
+    EXPECT_LT(chains, 5u);
+  }
 }
 
 TEST(CreaseChains, AChainIsFoundInOnePieceWhereverItsEdgesStand) {

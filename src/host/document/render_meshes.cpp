@@ -8,6 +8,7 @@
 #include "host/document/app.h"
 #include "host/document/doc.h"
 #include "host/geometry/on_brep.h"
+#include "host/geometry/on_extrusion.h"
 #include "host/modeling/render_mesh.h"
 #include "host/system/interrupt.h"
 
@@ -61,6 +62,12 @@ void MakeMeshesOfBrep(const ON_Brep& brep, const ON_MeshParameters& parameters, 
       std::count_if(made.failed_faces.begin(), made.failed_faces.end(), is_missing));
 }
 
+// The mesh that the document holds for an extrusion as a whole; null when it holds none.
+const ON_Mesh* MeshOfExtrusion(const ON_Geometry* geometry) {
+  const ON_Extrusion* extrusion = ON_Extrusion::Cast(geometry);
+  return extrusion == nullptr ? nullptr : extrusion->m_render_mesh.get();
+}
+
 void MakeMeshes(Making& making) {
   const ON_MeshParameters& parameters =
       making.object->Document().Properties().Settings().m_render_mesh;
@@ -69,6 +76,8 @@ void MakeMeshes(Making& making) {
     MakeMeshesOfBrep(*brep, parameters, making);
   } else if (const auto mesh = std::dynamic_pointer_cast<const ON_Mesh>(geometry)) {
     making.meshes = {mesh};
+  } else if (const ON_Mesh* held = MeshOfExtrusion(geometry.get())) {
+    making.meshes = {std::shared_ptr<const ON_Mesh>(geometry, held)};
   } else if (geometry != nullptr && geometry->HasBrepForm()) {
     const std::unique_ptr<ON_Brep> form = geometry->BrepForm();
     if (form == nullptr) making.failed_faces = -1;

@@ -63,11 +63,13 @@ ON_3dVector SweptArea(const ON_NurbsCurve& curve, ON_Interval piece, ON_3dPoint 
 }  // namespace
 
 ON_3dVector ON_SweptArea(const ON_NurbsCurve& curve, ON_3dPoint from) {
-  const int pieces = curve.IsRational() || curve.Degree() > 3 ? 8 : 1;
+  const int count = curve.IsRational() || curve.Degree() > 3 ? 8 : 1;
   ON_3dVector sum{0, 0, 0};
   for (const ON_Interval& span : SpansOf(curve)) {
-    for (double i = 0; i < pieces; ++i) {
-      const ON_Interval piece{span.ParameterAt(i / pieces), span.ParameterAt((i + 1) / pieces)};
+    for (int i = 0; i < count; ++i) {
+      const double start = static_cast<double>(i) / count;
+      const double end = static_cast<double>(i + 1) / count;
+      const ON_Interval piece{span.ParameterAt(start), span.ParameterAt(end)};
       sum = sum + SweptArea(curve, piece, from);
     }
   }

@@ -1,10 +1,9 @@
 #include "host/modeling/evaluated_surface.h"
 
-#include "host/modeling/evaluated_iso_curve.h"
-
+#include <Standard_NotImplemented.hxx>
 #include <algorithm>
 
-#include <Standard_NotImplemented.hxx>
+#include "host/modeling/evaluated_iso_curve.h"
 
 namespace host {
 namespace {

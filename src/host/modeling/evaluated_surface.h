@@ -1,8 +1,7 @@
 #pragma once
 
-#include <memory>
-
 #include <Geom_Surface.hxx>
+#include <memory>
 
 #include "host/modeling/occt_geometry.h"
 

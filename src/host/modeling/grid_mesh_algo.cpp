@@ -1,13 +1,12 @@
 #include "host/modeling/grid_mesh_algo.h"
 
+#include <BRepMesh_DefaultRangeSplitter.hxx>
+#include <BRepMesh_DelaunayBaseMeshAlgo.hxx>
+#include <BRepMesh_DelaunayNodeInsertionMeshAlgo.hxx>
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <set>
-
-#include <BRepMesh_DefaultRangeSplitter.hxx>
-#include <BRepMesh_DelaunayBaseMeshAlgo.hxx>
-#include <BRepMesh_DelaunayNodeInsertionMeshAlgo.hxx>
 
 #include "host/modeling/mesh_grid.h"
 #include "host/modeling/singular_sides.h"
@@ -154,8 +153,8 @@ void GridMeshAlgo::AddWorst(const Corners& corners, IMeshData::ListOfPnt2d& node
     longest = std::max(longest, length);
     if (from.is_boundary || length < 2 * least) continue;
     const gp_Pnt2d middle((from.uv.XY() + to.uv.XY()) / 2);
-    double side = ErrorAt(middle, (from.point.XYZ() + to.point.XYZ()) / 2) /
-                  getParameters().Deflection;
+    double side =
+        ErrorAt(middle, (from.point.XYZ() + to.point.XYZ()) / 2) / getParameters().Deflection;
     if (max_edge_ > 0) side = std::max(side, length / max_edge_);
     if (side < error) continue;
     error = side;
@@ -183,8 +182,8 @@ void GridMeshAlgo::postProcessMesh(BRepMesh_Delaun& mesher, const Message_Progre
 
 }  // namespace
 
-Handle(IMeshTools_MeshAlgo)
-    GridMeshAlgoFactory::GetAlgo(const GeomAbs_SurfaceType, const IMeshTools_Parameters&) const {
+Handle(IMeshTools_MeshAlgo) GridMeshAlgoFactory::GetAlgo(const GeomAbs_SurfaceType,
+                                                         const IMeshTools_Parameters&) const {
   return new GridMeshAlgo(max_edge_);
 }
 

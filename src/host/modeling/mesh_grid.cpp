@@ -1,10 +1,9 @@
 #include "host/modeling/mesh_grid.h"
 
+#include <TColStd_Array1OfReal.hxx>
 #include <algorithm>
 #include <array>
 #include <cmath>
-
-#include <TColStd_Array1OfReal.hxx>
 #include <gp_Pnt.hxx>
 #include <gp_Vec.hxx>
 
@@ -112,8 +111,8 @@ void LineDivider::DividePiece(double a, double b, int depth) {
 // The ends of the range and the places inside it at which the surface has an edge.
 std::vector<double> LineDivider::Corners(ON_Interval range) const {
   std::vector<double> corners{range.Min};
-  const int count = direction_ == 0 ? surface_.NbUIntervals(GeomAbs_C1)
-                                    : surface_.NbVIntervals(GeomAbs_C1);
+  const int count =
+      direction_ == 0 ? surface_.NbUIntervals(GeomAbs_C1) : surface_.NbVIntervals(GeomAbs_C1);
   TColStd_Array1OfReal ends(1, count + 1);
   direction_ == 0 ? surface_.UIntervals(ends, GeomAbs_C1) : surface_.VIntervals(ends, GeomAbs_C1);
   const double least = range.Length() * 1e-6;

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <vector>
-
 #include <Adaptor3d_Surface.hxx>
+#include <vector>
 
 #include "host/geometry/on_point.h"
 

@@ -1,16 +1,15 @@
 #include "host/modeling/mesh_of_face.h"
 
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <vector>
-
 #include <BRep_Tool.hxx>
 #include <GeomAdaptor_Surface.hxx>
 #include <Poly_HArray1OfTriangle.hxx>
 #include <Poly_Triangulation.hxx>
 #include <TColgp_HArray1OfPnt.hxx>
 #include <TColgp_HArray1OfPnt2d.hxx>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
 
 #include "host/modeling/singular_sides.h"
 
@@ -33,7 +32,9 @@ float Fraction(ON_Interval domain, double t) {
 class MeshBuilder {
  public:
   MeshBuilder(const BrepShape::Face& face, const ModelFrame& frame, ON_Mesh& mesh)
-      : face_(face), frame_(frame), singular_(GeomAdaptor_Surface(face.surface.surface)),
+      : face_(face),
+        frame_(frame),
+        singular_(GeomAdaptor_Surface(face.surface.surface)),
         mesh_(mesh) {}
 
   // False when there is nothing, or points that aren't numbers in single precision.
@@ -140,7 +141,7 @@ std::shared_ptr<const ON_Mesh> MeshOfFace(const BrepShape::Face& face, const Mod
                                           const ON_Surface& surface, bool is_reversed) {
   if (face.face.IsNull()) return nullptr;
   TopLoc_Location location;
-  const Handle(Poly_Triangulation) & triangles = BRep_Tool::Triangulation(face.face, location);
+  const Handle(Poly_Triangulation)& triangles = BRep_Tool::Triangulation(face.face, location);
   if (triangles.IsNull()) return nullptr;
   auto mesh = std::make_shared<ON_Mesh>();
   mesh->m_srf_domain = {surface.Domain(0), surface.Domain(1)};

@@ -28,8 +28,8 @@ struct MeshQuality {
 // - the angle is m_grid_angle within 2 and 60 degrees, or 20 degrees when there is none;
 // - m_max_edge_length is at least a hundredth of the size;
 // - m_min_edge_length is never greater than the tolerance.
-// Numbers that are not positive and finite ask for nothing. Grids and their aspect ratios and counts
-// mean nothing for the triangles that are made here.
+// Numbers that are not positive and finite ask for nothing. Grids and their aspect ratios and
+// counts mean nothing for the triangles that are made here.
 [[nodiscard]] MeshQuality QualityOf(const ON_MeshParameters& parameters, double size);
 
 }  // namespace host

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <chrono>
-
 #include <Message_ProgressIndicator.hxx>
+#include <chrono>
 
 namespace host {
 

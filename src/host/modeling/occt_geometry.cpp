@@ -1,9 +1,5 @@
 #include "host/modeling/occt_geometry.h"
 
-#include <algorithm>
-#include <cmath>
-#include <optional>
-
 #include <Geom2d_BSplineCurve.hxx>
 #include <Geom_BSplineCurve.hxx>
 #include <Geom_Line.hxx>
@@ -11,6 +7,9 @@
 #include <TColStd_Array1OfReal.hxx>
 #include <TColgp_Array1OfPnt.hxx>
 #include <TColgp_Array1OfPnt2d.hxx>
+#include <algorithm>
+#include <cmath>
+#include <optional>
 
 #include "host/geometry/on_nurbs_curve.h"
 #include "host/modeling/occt_knots.h"
@@ -115,8 +114,8 @@ double FrameLength(const CurveStretch& stretch, const ModelFrame& frame) {
   return length > kLeastLength && length < kGreatestCoordinate ? length : kLeastLength;
 }
 
-Handle(Geom_Curve) MakeSpaceCurve(const CurveStretch& stretch, const ModelFrame& frame,
-                                  double length) {
+Handle(Geom_Curve)
+    MakeSpaceCurve(const CurveStretch& stretch, const ModelFrame& frame, double length) {
   const std::optional<ON_NurbsCurve> form = StretchForm(stretch, length);
   if (!form) return {};
   if (IsLine(*form)) {
@@ -131,8 +130,8 @@ Handle(Geom_Curve) MakeSpaceCurve(const CurveStretch& stretch, const ModelFrame&
       });
 }
 
-Handle(Geom2d_Curve) MakeParameterCurve(const CurveStretch& stretch, const FrameSurface& surface,
-                                        double length) {
+Handle(Geom2d_Curve)
+    MakeParameterCurve(const CurveStretch& stretch, const FrameSurface& surface, double length) {
   const std::optional<ON_NurbsCurve> form = StretchForm(stretch, length);
   if (!form) return {};
   return MakeSpline<Geom2d_BSplineCurve, TColgp_Array1OfPnt2d>(

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <array>
-
 #include <Geom2d_Curve.hxx>
 #include <Geom_Curve.hxx>
 #include <Geom_Surface.hxx>
+#include <array>
 #include <gp_Pnt.hxx>
 
 #include "host/geometry/on_curve.h"
@@ -64,10 +63,10 @@ struct CurveStretch {
 [[nodiscard]] double FrameLength(const CurveStretch& stretch, const ModelFrame& frame);
 // The stretch, in its own direction, is that from 0 to `length` of the result. Null when there is
 // none.
-[[nodiscard]] Handle(Geom_Curve) MakeSpaceCurve(const CurveStretch& stretch,
-                                                const ModelFrame& frame, double length);
+[[nodiscard]] Handle(Geom_Curve)
+    MakeSpaceCurve(const CurveStretch& stretch, const ModelFrame& frame, double length);
 // The same in the parameters of a surface.
-[[nodiscard]] Handle(Geom2d_Curve) MakeParameterCurve(const CurveStretch& stretch,
-                                                      const FrameSurface& surface, double length);
+[[nodiscard]] Handle(Geom2d_Curve)
+    MakeParameterCurve(const CurveStretch& stretch, const FrameSurface& surface, double length);
 
 }  // namespace host

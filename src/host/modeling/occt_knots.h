@@ -1,10 +1,9 @@
 #pragma once
 
-#include <optional>
-#include <span>
-
 #include <TColStd_Array1OfInteger.hxx>
 #include <TColStd_Array1OfReal.hxx>
+#include <optional>
+#include <span>
 
 namespace host {
 

@@ -1,7 +1,5 @@
 #include "host/modeling/occt_shape.h"
 
-#include <algorithm>
-
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
 #include <Precision.hxx>
@@ -10,6 +8,7 @@
 #include <TopoDS_Edge.hxx>
 #include <TopoDS_Vertex.hxx>
 #include <TopoDS_Wire.hxx>
+#include <algorithm>
 
 namespace host {
 namespace {
@@ -43,8 +42,7 @@ struct TrimUse {
 
 class ShapeBuilder {
  public:
-  ShapeBuilder(const ON_Brep& brep, const ModelFrame& frame, double tolerance)
-      : brep_(brep), frame_(frame), tolerance_(tolerance * frame.scale) {
+  ShapeBuilder(const ON_Brep& brep, const ModelFrame& frame) : brep_(brep), frame_(frame) {
     edges_.resize(brep.m_E.size());
     vertices_.resize(brep.m_V.size());
   }
@@ -60,13 +58,11 @@ class ShapeBuilder {
   bool MakeUse(const ON_BrepTrim& trim, const FrameSurface& surface, TrimUse& use);
   bool MakeSingularUse(const ON_BrepTrim& trim, const FrameSurface& surface, TrimUse& use);
   void Place(std::vector<TrimUse>& uses, std::size_t index, const TopoDS_Face& face);
-  void MarkParameters(const TrimUse& use, const FrameSurface& surface) const;
   std::vector<TrimUse> UsesOf(const ON_BrepFace& face, const FrameSurface& surface);
   bool AddWires(const ON_BrepFace& face, BrepShape::Face& made);
 
   const ON_Brep& brep_;
   const ModelFrame frame_;
-  const double tolerance_;
   BRep_Builder builder_;
   std::vector<SharedEdge> edges_;
   std::vector<TopoDS_Vertex> vertices_;
@@ -96,6 +92,8 @@ TopoDS_Edge ShapeBuilder::NewEdge(const ON_BrepEdge& edge, const Handle(Geom_Cur
   builder_.Add(made, start.Oriented(TopAbs_FORWARD));
   builder_.Add(made, end.Oriented(TopAbs_REVERSED));
   builder_.Range(made, 0, length);
+  // Its curves on faces may run with another speed.
+  builder_.SameParameter(made, false);
   return made;
 }
 
@@ -116,8 +114,8 @@ const SharedEdge& ShapeBuilder::EdgeAt(int index) {
 bool ShapeBuilder::MakeSingularUse(const ON_BrepTrim& trim, const FrameSurface& surface,
                                    TrimUse& use) {
   constexpr double kLength = 1;
-  use.curve = MakeParameterCurve({brep_.CurveOf(trim), trim.m_domain, trim.m_bReversed}, surface,
-                                 kLength);
+  use.curve =
+      MakeParameterCurve({brep_.CurveOf(trim), trim.m_domain, trim.m_bReversed}, surface, kLength);
   if (use.curve.IsNull()) return false;
   builder_.MakeEdge(use.edge);
   builder_.Add(use.edge, VertexAt(trim.m_vi[0]).Oriented(TopAbs_FORWARD));
@@ -134,8 +132,7 @@ bool ShapeBuilder::MakeUse(const ON_BrepTrim& trim, const FrameSurface& surface,
   if (shared.edge.IsNull()) return false;
   use.edge = shared.edge;
   // The curve runs as its edge does.
-  const CurveStretch stretch{brep_.CurveOf(trim), trim.m_domain,
-                             trim.m_bReversed != trim.m_bRev3d};
+  const CurveStretch stretch{brep_.CurveOf(trim), trim.m_domain, trim.m_bReversed != trim.m_bRev3d};
   use.curve = MakeParameterCurve(stretch, surface, shared.length);
   return !use.curve.IsNull();
 }
@@ -181,28 +178,10 @@ void ShapeBuilder::Place(std::vector<TrimUse>& uses, std::size_t index, const To
   }
 }
 
-// Says of an edge whether its curve on the face runs with the same speed as that in space. Where it
-// doesn't, the mesher looks for the parameters of each point, which takes long.
-void ShapeBuilder::MarkParameters(const TrimUse& use, const FrameSurface& surface) const {
-  constexpr int kSamples = 6;
-  constexpr double kClose = 0.05;
-  if (use.trim->m_ei < 0) return;
-  const SharedEdge& shared = At(edges_, use.trim->m_ei);
-  for (int i = 0; i <= kSamples; ++i) {
-    const double t = shared.length * i / kSamples;
-    const gp_Pnt2d uv = use.curve->Value(t);
-    const gp_Pnt on_face = surface.surface->Value(uv.X(), uv.Y());
-    if (on_face.Distance(shared.curve->Value(t)) <= kClose * tolerance_) continue;
-    builder_.SameParameter(use.edge, false);
-    return;
-  }
-}
-
 bool ShapeBuilder::AddWires(const ON_BrepFace& face, BrepShape::Face& made) {
   std::vector<TrimUse> uses = UsesOf(face, made.surface);
   if (uses.empty()) return false;
   for (std::size_t i = 0; i < uses.size(); ++i) Place(uses, i, made.face);
-  for (const TrimUse& use : uses) MarkParameters(use, made.surface);
   auto use = uses.begin();
   for (const int loop : face.m_li) {
     TopoDS_Wire wire;
@@ -232,10 +211,10 @@ BrepShape::Face ShapeBuilder::MakeFace(const ON_BrepFace& face) {
 
 }  // namespace
 
-BrepShape MakeBrepShape(const ON_Brep& brep, const ON_BoundingBox& box, double tolerance) {
+BrepShape MakeBrepShape(const ON_Brep& brep, const ON_BoundingBox& box) {
   BrepShape shape;
   shape.frame = ModelFrame::Of(box);
-  ShapeBuilder builder(brep, shape.frame, tolerance);
+  ShapeBuilder builder(brep, shape.frame);
   BRep_Builder occt;
   occt.MakeCompound(shape.all);
   for (const ON_BrepFace& face : brep.m_F) {

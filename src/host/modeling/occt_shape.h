@@ -1,9 +1,8 @@
 #pragma once
 
-#include <vector>
-
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Face.hxx>
+#include <vector>
 
 #include "host/geometry/on_brep.h"
 #include "host/modeling/occt_geometry.h"
@@ -26,9 +25,7 @@ struct BrepShape {
 };
 
 // The brep must be valid, with a box that is not a point. Faces that share a vertex or an edge
-// share it in the shape too, so that they are divided alike there. `tolerance`, in units of the
-// brep, says how fine a mesh is to be made of it.
-[[nodiscard]] BrepShape MakeBrepShape(const ON_Brep& brep, const ON_BoundingBox& box,
-                                      double tolerance);
+// share it in the shape too, so that they are divided alike there.
+[[nodiscard]] BrepShape MakeBrepShape(const ON_Brep& brep, const ON_BoundingBox& box);
 
 }  // namespace host

@@ -1,12 +1,11 @@
-#include <algorithm>
-#include <cmath>
-#include <optional>
-
 #include <Geom_BSplineSurface.hxx>
 #include <Geom_Plane.hxx>
 #include <TColStd_Array2OfReal.hxx>
 #include <TColgp_Array2OfPnt.hxx>
+#include <algorithm>
+#include <cmath>
 #include <gp_Ax3.hxx>
+#include <optional>
 
 #include "host/geometry/on_nurbs_surface.h"
 #include "host/geometry/on_plane_surface.h"
@@ -67,8 +66,8 @@ std::optional<FrameSurface> MakeChart(const ON_Surface& surface, const ModelFram
 }
 
 // The plane of a flat rectangle, whose parameters are lengths.
-Handle(Geom_Surface) MakePlane(const ON_NurbsSurface& form, const ModelFrame& frame,
-                               const FrameSurface& chart) {
+Handle(Geom_Surface)
+    MakePlane(const ON_NurbsSurface& form, const ModelFrame& frame, const FrameSurface& chart) {
   constexpr double kFlat = 1e-9;
   if (form.Order(0) != 2 || form.Order(1) != 2 || form.CVCount(0) != 2 || form.CVCount(1) != 2 ||
       form.IsRational()) {

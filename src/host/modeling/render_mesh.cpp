@@ -5,14 +5,21 @@
 #include <BRepMesh_IncrementalMesh.hxx>
 #include <Precision.hxx>
 #include <Standard_Failure.hxx>
+#include <chrono>
 
+#include "host/modeling/edge_discret.h"
 #include "host/modeling/grid_mesh_algo.h"
 #include "host/modeling/mesh_of_face.h"
 #include "host/modeling/mesh_quality.h"
+#include "host/modeling/meshing_limit.h"
 #include "host/modeling/occt_shape.h"
 
 namespace host {
 namespace {
+
+// Breps smaller or larger than this have no place in single precision.
+constexpr double kLeastSize = 1e-30;
+constexpr double kGreatestSize = 1e30;
 
 // What the quality asks for, in the frame.
 IMeshTools_Parameters MesherParameters(const MeshQuality& quality, const ModelFrame& frame) {
@@ -26,40 +33,51 @@ IMeshTools_Parameters MesherParameters(const MeshQuality& quality, const ModelFr
   return parameters;
 }
 
+// Longer than any sound brep takes, so that one that isn't doesn't hold up the rest for good.
+std::chrono::seconds TimeFor(std::size_t face_count) {
+  return std::chrono::seconds(60 + face_count / 4);
+}
+
 // Triangles of the faces that the mesher gets on with.
-void Triangulate(const TopoDS_Shape& shape, const IMeshTools_Parameters& parameters,
-                 double max_edge) {
+void Triangulate(const BrepShape& shape, const MeshQuality& quality) {
   try {
+    const double max_edge = quality.max_edge * shape.frame.scale;
     const Handle(IMeshTools_Context) context = new BRepMesh_Context;
+    context->SetEdgeDiscret(new EdgeDiscret(max_edge));
     context->SetFaceDiscret(new BRepMesh_FaceDiscret(new GridMeshAlgoFactory(max_edge)));
     BRepMesh_IncrementalMesh mesher;
-    mesher.SetShape(shape);
-    mesher.ChangeParameters() = parameters;
-    mesher.Perform(context);
+    mesher.SetShape(shape.all);
+    mesher.ChangeParameters() = MesherParameters(quality, shape.frame);
+    const Handle(MeshingLimit) limit = new MeshingLimit(TimeFor(shape.faces.size()));
+    mesher.Perform(context, limit->Start());
   } catch (const Standard_Failure&) {
     // What has no triangles then has failed.
   }
+}
+
+// Without faces when there is nothing that has a size.
+BrepShape TriangulatedShape(const ON_Brep& brep, const ON_MeshParameters& parameters) {
+  if (!brep.IsValid()) return {};
+  const ON_BoundingBox box = TrimmedBox(brep);
+  if (!box.IsValid()) return {};
+  const double size = box.m_min.DistanceTo(box.m_max);
+  if (!(size > kLeastSize) || !(size < kGreatestSize)) return {};
+  BrepShape shape = MakeBrepShape(brep, box);
+  Triangulate(shape, QualityOf(parameters, size));
+  return shape;
 }
 
 }  // namespace
 
 MadeMeshes MakeRenderMeshes(const ON_Brep& brep, const ON_MeshParameters& parameters) {
   MadeMeshes made;
-  const ON_BoundingBox box = brep.IsValid() ? TrimmedBox(brep) : ON_BoundingBox{};
-  const double size = box.IsValid() ? box.m_min.DistanceTo(box.m_max) : 0;
-  BrepShape shape;
-  shape.faces.resize(brep.m_F.size());
-  if (size > 0 && std::isfinite(size)) {
-    const MeshQuality quality = QualityOf(parameters, size);
-    shape = MakeBrepShape(brep, box, quality.tolerance);
-    Triangulate(shape.all, MesherParameters(quality, shape.frame),
-                quality.max_edge * shape.frame.scale);
-  }
+  const BrepShape shape = TriangulatedShape(brep, parameters);
   for (std::size_t i = 0; i < brep.m_F.size(); ++i) {
     const ON_BrepFace& face = brep.m_F[i];
-    auto mesh = shape.faces[i].face.IsNull() ? nullptr
-                                             : MeshOfFace(shape.faces[i], shape.frame,
-                                                          brep.SurfaceOf(face), face.m_bRev);
+    std::shared_ptr<const ON_Mesh> mesh;
+    if (i < shape.faces.size() && !shape.faces[i].face.IsNull()) {
+      mesh = MeshOfFace(shape.faces[i], shape.frame, brep.SurfaceOf(face), face.m_bRev);
+    }
     if (mesh == nullptr) {
       made.failed_faces.push_back(static_cast<int>(i));
     } else {

@@ -1,8 +1,7 @@
 #include "host/modeling/singular_sides.h"
 
-#include <cmath>
-
 #include <Precision.hxx>
+#include <cmath>
 #include <gp_Pnt.hxx>
 
 namespace host {

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <array>
-
 #include <Adaptor3d_Surface.hxx>
+#include <array>
 #include <gp_Pnt2d.hxx>
 
 namespace host {
@@ -14,7 +13,9 @@ class SingularSides {
   SingularSides() = default;
   explicit SingularSides(const Adaptor3d_Surface& surface);
 
-  bool HasAny() const { return is_singular_[0] || is_singular_[1] || is_singular_[2] || is_singular_[3]; }
+  bool HasAny() const {
+    return is_singular_[0] || is_singular_[1] || is_singular_[2] || is_singular_[3];
+  }
   // True for parameters on such a side.
   bool Contains(const gp_Pnt2d& uv) const { return FreeDirection(uv) >= 0; }
   // Gives the corners of a triangle that lie on such a side the parameter that is halfway between

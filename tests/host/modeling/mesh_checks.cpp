@@ -19,11 +19,13 @@ ON_3dVector Cross(const ON_Mesh& mesh, const ON_MeshFace& face) {
   return ON_CrossProduct(At(mesh, face.vi[1]) - a, At(mesh, face.vi[2]) - a);
 }
 
-// Of triangles that are smaller, rounding to single precision decides where they look.
-double SmallestArea(const ON_Mesh& mesh) {
-  const ON_BoundingBox box = mesh.BoundingBox();
-  const double size = box.m_min.DistanceTo(box.m_max);
-  return size * size * 1e-7;
+// Of triangles that are narrower, the tolerance of the mesh decides where they look.
+bool IsNarrow(const ON_Mesh& mesh, const ON_MeshFace& face, double tolerance) {
+  double longest = 0;
+  for (std::size_t i = 0; i < 3; ++i) {
+    longest = std::max(longest, At(mesh, face.vi[i]).DistanceTo(At(mesh, face.vi[(i + 1) % 3])));
+  }
+  return Cross(mesh, face).Length() < 2 * tolerance * longest;
 }
 
 // Of the middle of some vertices.
@@ -51,7 +53,7 @@ class Middle {
 
 }  // namespace
 
-MeshFit FitOf(const ON_Mesh& mesh, const ON_Surface& surface, bool is_reversed) {
+MeshFit FitOf(const ON_Mesh& mesh, const ON_Surface& surface, bool is_reversed, double tolerance) {
   MeshFit fit;
   const double side = is_reversed ? -1 : 1;
   for (int i = 0; i < mesh.VertexCount(); ++i) {
@@ -69,7 +71,7 @@ MeshFit FitOf(const ON_Mesh& mesh, const ON_Surface& surface, bool is_reversed) 
       fit.sag = std::max(fit.sag, middle.SagOn(surface));
     }
     const ON_3dVector cross = Cross(mesh, face);
-    if (cross.Length() < SmallestArea(mesh)) continue;
+    if (IsNarrow(mesh, face, tolerance)) continue;
     const double cosine =
         ON_DotProduct(cross, Middle(mesh, {a, b, c}).NormalOn(surface)) * side / cross.Length();
     fit.triangle_normal = std::min(fit.triangle_normal, cosine);

@@ -20,7 +20,8 @@ struct MeshFit {
   double vertex_normal = 1;
   double triangle_normal = 1;
 };
-MeshFit FitOf(const ON_Mesh& mesh, const ON_Surface& surface, bool is_reversed);
+// Triangles that are narrower than twice the tolerance count for the distances only.
+MeshFit FitOf(const ON_Mesh& mesh, const ON_Surface& surface, bool is_reversed, double tolerance);
 
 // How often the edges between vertices at different places are used, in whatever direction.
 struct EdgeUse {

@@ -314,6 +314,7 @@ TEST(TextOutlines, EveryLetterThereIsIsDrawnOrNot) {
 TEST(TextOutlines, MayBeAskedForByManyThreads) {
   std::vector<std::thread> threads;
   std::vector<double> widths(8);
+  threads.reserve(widths.size());
   for (double& width : widths) {
     threads.emplace_back([&width] {
       for (int i = 0; i < 50; ++i) width = BoxOf(Text("Threads \xe2\x99\x95")).m_max.x;
