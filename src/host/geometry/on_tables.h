@@ -175,7 +175,7 @@ class ON_DimStyle : public ON_Object {
   bool m_leaderlanding = false;
   double m_leaderlandinglength = 1;
   // Where the leader's end stands in the height of its text, as ON_Annotation::VerticalAlignment.
-  int m_leadertextvalign = 3;
+  int m_leadertextvalign = 1;
   // 0 no line, 1 straight ones, 2 a smooth one.
   int m_leadercurve = 1;
   // 0 none, 1 a cross in the centre, 2 with lines up to the circle.

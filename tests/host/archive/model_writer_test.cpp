@@ -72,6 +72,76 @@ TEST_P(ModelWriterTest, TheSameModelGivesTheSameBytes) {
   EXPECT_EQ(WriteModel(ReadBack(model_)), WriteModel(model_));
 }
 
+TEST_P(ModelWriterTest, KeepsDimensionStylesAndTheirFonts) {
+  ON_DimStyle style;
+  style.m_id = kId1;
+  style.m_name = "style";
+  style.m_extextension = 2;
+  style.m_extoffset = 3;
+  style.m_arrowsize = 4;
+  style.m_leaderarrowsize = 5;
+  style.m_centermark = 6;
+  style.m_textgap = 7;
+  style.m_textheight = 8;
+  style.m_lengthfactor = 9;
+  style.m_lengthresolution = 1;
+  style.m_angleresolution = 3;
+  style.m_dimextension = 10;
+  style.m_suppress_extension1 = true;
+  style.m_angleformat = 1;
+  style.m_arrowtype1 = style.m_arrowtype2 = 4;
+  style.m_leaderarrowtype = 6;
+  style.m_font = "Courier New";
+  style.m_bold = true;
+  style.m_prefix = "<";
+  style.m_suffix = ">";
+  model_.m_dimstyle_table = {ON_DimStyle(), style};
+  model_.m_dimstyle_table[0].m_suppress_extension2 = true;
+  model_.m_dimstyle_table[0].m_italic = true;
+  const ONX_Model read = ReadBack(model_);
+  ASSERT_EQ(read.m_dimstyle_table.size(), 2u);
+  const ON_DimStyle& found = read.m_dimstyle_table[1];
+  EXPECT_EQ(found.m_id, kId1);
+  EXPECT_EQ(found.m_name, "style");
+  for (double ON_DimStyle::*size :
+       {&ON_DimStyle::m_extextension, &ON_DimStyle::m_extoffset, &ON_DimStyle::m_arrowsize,
+        &ON_DimStyle::m_leaderarrowsize, &ON_DimStyle::m_centermark, &ON_DimStyle::m_textgap,
+        &ON_DimStyle::m_textheight, &ON_DimStyle::m_lengthfactor, &ON_DimStyle::m_dimextension}) {
+    EXPECT_EQ(found.*size, style.*size);
+  }
+  for (int ON_DimStyle::*number :
+       {&ON_DimStyle::m_lengthresolution, &ON_DimStyle::m_angleresolution,
+        &ON_DimStyle::m_angleformat, &ON_DimStyle::m_arrowtype1, &ON_DimStyle::m_arrowtype2,
+        &ON_DimStyle::m_leaderarrowtype}) {
+    EXPECT_EQ(found.*number, style.*number);
+  }
+  EXPECT_EQ(found.m_font, "Courier New");
+  EXPECT_EQ(found.m_prefix, "<");
+  EXPECT_EQ(found.m_suffix, ">");
+  EXPECT_TRUE(found.m_bold && found.m_suppress_extension1);
+  EXPECT_FALSE(found.m_italic || found.m_suppress_extension2);
+  EXPECT_TRUE(read.m_dimstyle_table[0].m_italic && read.m_dimstyle_table[0].m_suppress_extension2);
+}
+
+TEST_P(ModelWriterTest, KeepsWhereTextsOfDimensionsStand) {
+  model_.m_dimstyle_table.resize(3);
+  model_.m_dimstyle_table[1].m_textlocation = 1;
+  model_.m_dimstyle_table[2].m_texthorizontal = true;
+  model_.m_dimstyle_table[2].m_lengthformat = 2;
+  const std::vector<ON_DimStyle> read = ReadBack(model_).m_dimstyle_table;
+  ASSERT_EQ(read.size(), 3u);
+  EXPECT_EQ(read[0].m_textlocation, 0);
+  EXPECT_FALSE(read[0].m_texthorizontal);
+  EXPECT_EQ(read[1].m_textlocation, 1);
+  EXPECT_FALSE(read[1].m_leadertexthorizontal);
+  EXPECT_EQ(read[2].m_textlocation, 1);
+  EXPECT_TRUE(read[2].m_texthorizontal);
+  EXPECT_TRUE(read[2].m_leadertexthorizontal);
+  // Feet and inches are told of inches.
+  EXPECT_EQ(read[2].m_lengthformat, 2);
+  EXPECT_EQ(read[2].m_lengthunit, 8);
+}
+
 TEST_P(ModelWriterTest, KeepsProperties) {
   model_.m_start_section_comments = "first words";
   model_.m_properties.m_application_name = "name ü";

@@ -33,7 +33,7 @@ TEST(Leader, ItsTextBeginsBehindTheLastPoint) {
   EXPECT_EQ(text.m_text, "see here");
   ExpectPoint({9.5, 4, 0}, text.m_plane.origin);
   EXPECT_EQ(text.m_halign, H::left);
-  EXPECT_EQ(text.m_valign, V::middle);
+  EXPECT_EQ(text.m_valign, V::middle_of_top);
 }
 
 TEST(Leader, ATextOnTheLeftEndsAtTheLastPoint) {
@@ -45,8 +45,8 @@ TEST(Leader, ATextOnTheLeftEndsAtTheLastPoint) {
 
 TEST(Leader, TheStyleSaysAtWhichHeightOfTheTextItEnds) {
   ON_DimStyle style = SampleStyle();
-  style.m_leadertextvalign = 1;
-  EXPECT_EQ(Draw(Sample(), style).texts.at(0).m_valign, V::middle_of_top);
+  style.m_leadertextvalign = 3;
+  EXPECT_EQ(Draw(Sample(), style).texts.at(0).m_valign, V::middle);
   style.m_leadertextvalign = 99;
   EXPECT_EQ(Draw(Sample(), style).texts.at(0).m_valign, V::bottom_of_bounding_box);
 }
