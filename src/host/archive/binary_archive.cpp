@@ -37,17 +37,21 @@ std::uint64_t ON_BinaryArchive::BytesLeft() const {
 }
 
 bool ON_BinaryArchive::Fail(std::string_view what) {
-  Chunk& chunk = chunks_.back();
-  chunk.failed = true;
+  chunks_.back().failed = true;
+  Note(what);
+  return false;
+}
+
+void ON_BinaryArchive::Note(std::string_view what) {
+  const Chunk& chunk = chunks_.back();
   // What follows a failure is mostly its consequence: only the first is told, and what a cut chunk
   // lacks was told when it was opened.
-  if (failure_told_ || chunk.is_cut) return false;
+  if (failure_told_ || chunk.is_cut) return;
   failure_told_ = true;
   const std::string where =
       ChunkDepth() == 0 ? ""
                         : host::Format(" of chunk %08x", static_cast<unsigned>(chunk.typecode));
   Tell(std::string(what) + " (offset " + std::to_string(source_->Position()) + where + ")");
-  return false;
 }
 
 void ON_BinaryArchive::Tell(std::string problem) {

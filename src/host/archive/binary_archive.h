@@ -119,6 +119,8 @@ class ON_BinaryArchive {
 
   // Marks the open chunk as broken, keeps `what` with the offset, and returns false.
   bool Fail(std::string_view what);
+  // Keeps `what` as Fail does, unless a failure is told already; the chunk stays as it is.
+  void Note(std::string_view what);
   // What was found wrong since the last call, one message each.
   std::vector<std::string> TakeProblems();
 

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <utility>
 
 #include "host/archive/brep_parts_in_use.h"
+#include "host/geometry/on_nurbs_curve.h"
+#include "host/geometry/on_nurbs_surface.h"
 #include "host/geometry/on_table.h"
 
 namespace host {
@@ -86,6 +89,44 @@ void SetOwners(ON_Brep& brep) {
   }
 }
 
+std::size_t CVCountOf(const ON_Curve& curve) {
+  ON_NurbsCurve form;
+  return curve.GetNurbForm(form) ? form.m_cv.size() : 0;
+}
+
+std::size_t CVCountOf(const ON_Surface& surface) {
+  ON_NurbsSurface form;
+  return surface.GetNurbForm(form) ? form.m_cv.size() : 0;
+}
+
+// How many control points are there more when each part gets a curve or surface of its own.
+template <class T, class Part>
+std::size_t SharedCVs(const std::vector<std::shared_ptr<const T>>& table,
+                      const std::vector<Part>& parts, int Part::*index) {
+  std::vector<std::size_t> uses(table.size(), 0);
+  for (const Part& part : parts) ++ON_At(uses, part.*index);
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    if (uses[i] > 1) count += (uses[i] - 1) * CVCountOf(*table[i]);
+  }
+  return count;
+}
+
+// True for a small record that would take a huge memory.
+bool SharesTooMuch(const ON_Brep& brep) {
+  constexpr std::size_t kMaxCVs = 10'000'000;
+  return SharedCVs(brep.m_C2, brep.m_T, &ON_BrepTrim::m_c2i) > kMaxCVs ||
+         SharedCVs(brep.m_C3, brep.m_E, &ON_BrepEdge::m_c3i) > kMaxCVs ||
+         SharedCVs(brep.m_S, brep.m_F, &ON_BrepFace::m_si) > kMaxCVs;
+}
+
+// A curve or surface that is broken was told itself.
+void TellLeftOut(ON_BinaryArchive& archive, std::size_t count) {
+  archive.Note(count == 1 ? "a face of a brep without its surface or one of its curves"
+                          : std::to_string(count) +
+                                " faces of a brep without a surface or one of their curves");
+}
+
 }  // namespace
 
 bool LinkBrep(ON_BinaryArchive& archive, ON_Brep& brep) {
@@ -95,8 +136,13 @@ bool LinkBrep(ON_BinaryArchive& archive, ON_Brep& brep) {
   if (!BrepNamesAreValid(brep)) return archive.Fail("a brep whose parts don't fit together");
   CutToDomains(brep);
   SetSingular(brep);
+  const std::size_t face_count = brep.m_F.size();
   LeaveOutUnusableFaces(brep);
   if (brep.m_F.empty()) return archive.Fail("a brep without a face that can be used");
+  if (brep.m_F.size() < face_count) TellLeftOut(archive, face_count - brep.m_F.size());
+  if (SharesTooMuch(brep)) {
+    return archive.Fail("a brep whose parts share a large curve or surface too often");
+  }
   for (const ON_BrepFace& face : brep.m_F) {
     if (!LoopsAreClosed(brep, face)) return archive.Fail("a brep with an open loop");
   }

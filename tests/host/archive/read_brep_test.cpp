@@ -12,6 +12,7 @@
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_nurbs_surface.h"
 #include "host/geometry/on_plane_surface.h"
+#include "host/geometry/on_polyline_curve.h"
 #include "support/brep_shapes.h"
 #include "support/model_writer.h"
 #include "support/record_writers.h"
@@ -172,6 +173,10 @@ TEST(ReadBrep, AFaceOfABrokenCurveOrSurfaceIsLeftOut) {
     EXPECT_THAT(brep->m_S, SizeIs(5));
   }
   EXPECT_THAT(ReadDocument(curve).m_problems, ElementsAre(HasSubstr("a line that isn't valid")));
+  EXPECT_THAT(ReadDocument(missing).m_problems,
+              ElementsAre(testing::AllOf(
+                  testing::StartsWith("object at offset "),
+                  HasSubstr(": a face of a brep without its surface or one of its curves "))));
   // Two faces and with them the edge between them.
   ON_Brep edge = *whole;
   edge.m_C3[0] = line(kNaN);
@@ -181,6 +186,25 @@ TEST(ReadBrep, AFaceOfABrokenCurveOrSurfaceIsLeftOut) {
   EXPECT_TRUE(brep->IsValid());
   EXPECT_THAT(brep->m_F, SizeIs(4));
   EXPECT_THAT(brep->m_E, SizeIs(11));
+}
+
+TEST(ReadBrep, FacesThatAreLeftOutAreCounted) {
+  const auto box = MakeBoxBrep(kBox);
+  box->m_C3[0] = nullptr;
+  EXPECT_THAT(ReadDocument(*box).m_problems,
+              ElementsAre(HasSubstr("2 faces of a brep without a surface or one of their curves")));
+}
+
+TEST(ReadBrep, ALargeCurveThatAllTrimsShareIsRefused) {
+  const auto large = std::make_shared<ON_PolylineCurve>();
+  for (int i = 0; i < 500'000; ++i) {
+    large->m_pline.push_back({i * 1e-6, 0, 0});
+    large->m_t.push_back(i);
+  }
+  const auto box = MakeBoxBrep(kBox);
+  for (ON_BrepTrim& trim : box->m_T) trim.m_c2i = 0;
+  box->m_C2[0] = large;
+  ExpectNotRead(*box, "a brep whose parts share a large curve or surface too often");
 }
 
 TEST(ReadBrep, ABrepThatHasNoUsableFaceIsTold) {
