@@ -23,6 +23,10 @@ class ChainFinder {
       if (sharpness_[i] <= 0) continue;
       for (const int vi : subd.m_edge[i].m_vi) EdgesOf(vi).push_back(i);
     }
+    const auto isLessSharp = [this](std::size_t a, std::size_t b) {
+      return sharpness_[a] < sharpness_[b];
+    };
+    for (auto& edges : edgesOf_) std::sort(edges.begin(), edges.end(), isLessSharp);
   }
 
   std::vector<CreaseChain> Find() {
@@ -51,11 +55,15 @@ class ChainFinder {
   // The step behind `step`; the same one where the chain ends.
   Step Next(Step step) {
     const std::vector<std::size_t>& edges = EdgesOf(step.to);
-    const auto isAsSharp = [&](std::size_t e) { return sharpness_[e] == sharpness_[step.edge]; };
-    if (std::count_if(edges.begin(), edges.end(), isAsSharp) != 2) return step;
-    const auto next = std::find_if(edges.begin(), edges.end(),
-                                   [&](std::size_t e) { return e != step.edge && isAsSharp(e); });
-    return next == edges.end() ? step : Step{*next, OtherEnd(*next, step.to)};
+    const auto first = std::partition_point(edges.begin(), edges.end(), [&](std::size_t e) {
+      return sharpness_[e] < sharpness_[step.edge];
+    });
+    const auto isAsSharp = [&](auto edge) {
+      return edge < edges.end() && sharpness_[*edge] == sharpness_[step.edge];
+    };
+    if (!isAsSharp(first + 1) || isAsSharp(first + 2)) return step;
+    const std::size_t next = *first == step.edge ? *(first + 1) : *first;
+    return {next, OtherEnd(next, step.to)};
   }
 
   // The first step, in the direction of the edge `start`, of the chain that it is a part of.
@@ -87,7 +95,7 @@ class ChainFinder {
   const ON_SubD& subd_;
   // Of each edge; 0 for one that is in no chain.
   std::vector<double> sharpness_;
-  // The sharp edges of each vertex.
+  // The sharp edges of each vertex, by their sharpness.
   std::vector<std::vector<std::size_t>> edgesOf_;
   // Whether an edge is in a chain that was found.
   std::vector<bool> isDone_;

@@ -162,6 +162,15 @@ TEST(CreaseChains, EndsWhereTheSharpnessChanges) {
   EXPECT_THAT(chains[1].Vertices, ElementsAre(1, 2, 3));
 }
 
+TEST(CreaseChains, ChainsOfTwoSharpnessesCross) {
+  ON_SubD subd = Creases(5, {{1, 0}, {2, 0}, {0, 3}, {0, 4}});
+  for (const std::size_t i : {1U, 3U}) {
+    subd.m_edge[i].m_is_crease = false;
+    subd.m_edge[i].m_sharpness = {2, 2};
+  }
+  EXPECT_THAT(ChainsOf(subd), ElementsAre(ElementsAre(1, 0, 3), ElementsAre(2, 0, 4)));
+}
+
 TEST(CreaseChains, TwoEdgesBetweenTheSameVerticesAreAClosedChain) {
   const auto chains = ChainsOf(Creases(2, {{0, 1}, {1, 0}}));
   ASSERT_THAT(chains, SizeIs(1));

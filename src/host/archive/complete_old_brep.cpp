@@ -12,16 +12,27 @@ namespace {
 
 using Iso = ON_BrepTrim::Iso;
 
-void SetType(const ON_Brep& brep, ON_BrepTrim& trim) {
-  using enum ON_BrepTrim::Type;
-  if (trim.m_ei == -1) {
-    trim.m_type = singular;
-    return;
+// Marks the trims whose edge has another trim in the same loop.
+std::vector<bool> FindSeams(const ON_Brep& brep) {
+  std::vector<bool> is_seam(brep.m_T.size(), false);
+  const auto loop_of = [&brep](int trim) { return ON_At(brep.m_T, trim).m_li; };
+  for (const ON_BrepEdge& edge : brep.m_E) {
+    std::vector<int> sides = edge.m_ti;
+    std::sort(sides.begin(), sides.end(), [&](int a, int b) { return loop_of(a) < loop_of(b); });
+    for (std::size_t i = 1; i < sides.size(); ++i) {
+      if (loop_of(sides[i - 1]) != loop_of(sides[i])) continue;
+      is_seam[static_cast<std::size_t>(sides[i - 1])] = true;
+      is_seam[static_cast<std::size_t>(sides[i])] = true;
+    }
   }
-  const std::vector<int>& sides = ON_At(brep.m_E, trim.m_ei).m_ti;
-  const auto is_of_loop = [&](int index) { return ON_At(brep.m_T, index).m_li == trim.m_li; };
-  const bool is_seam = std::count_if(sides.begin(), sides.end(), is_of_loop) > 1;
-  trim.m_type = sides.size() == 1 ? boundary : is_seam ? seam : mated;
+  return is_seam;
+}
+
+ON_BrepTrim::Type TypeOf(const ON_Brep& brep, const ON_BrepTrim& trim, bool is_seam) {
+  using enum ON_BrepTrim::Type;
+  if (trim.m_ei == -1) return singular;
+  if (ON_At(brep.m_E, trim.m_ei).m_ti.size() == 1) return boundary;
+  return is_seam ? seam : mated;
 }
 
 // Along which side of the domain, or else along which parameter, a curve runs.
@@ -41,11 +52,12 @@ Iso IsoOf(const ON_Surface& surface, const ON_Curve& curve) {
 }
 
 void SetTypesAndIsos(ON_Brep& brep) {
+  const std::vector<bool> is_seam = FindSeams(brep);
   for (const ON_BrepFace& face : brep.m_F) {
     for (const int li : face.m_li) {
       for (const int ti : ON_At(brep.m_L, li).m_ti) {
         ON_BrepTrim& trim = ON_At(brep.m_T, ti);
-        SetType(brep, trim);
+        trim.m_type = TypeOf(brep, trim, is_seam[static_cast<std::size_t>(ti)]);
         trim.m_iso = IsoOf(brep.SurfaceOf(face), brep.CurveOf(trim));
       }
     }

@@ -113,24 +113,33 @@ ON_3dVector ToVector(const ON_3fPoint& from, const ON_3fPoint& to) {
   return {double{to.x} - from.x, double{to.y} - from.y, double{to.z} - from.z};
 }
 
-// The direction of the sum of the normals of the triangles at a vertex; the z axis when they cancel
-// each other out.
-ON_3dVector NormalOfTriangles(const ON_Mesh& mesh, int vertex) {
-  ON_3dVector sum{0, 0, 0};
+// For each vertex, the sum of the normals of its triangles.
+std::vector<ON_3dVector> NormalsOfTriangles(const ON_Mesh& mesh) {
+  std::vector<ON_3dVector> sums(mesh.m_V.size(), {0, 0, 0});
   for (const ON_MeshFace& face : mesh.m_F) {
-    if (std::find(face.vi.begin(), face.vi.end(), vertex) == face.vi.end()) continue;
     const auto at = [&](std::size_t i) { return mesh.m_V[static_cast<std::size_t>(face.vi[i])]; };
-    sum = sum + ON_CrossProduct(ToVector(at(0), at(1)), ToVector(at(0), at(2)));
+    const ON_3dVector normal = ON_CrossProduct(ToVector(at(0), at(1)), ToVector(at(0), at(2)));
+    for (std::size_t i = 0; i < 3; ++i) {
+      ON_3dVector& sum = sums[static_cast<std::size_t>(face.vi[i])];
+      sum = sum + normal;
+    }
   }
-  const double length = sum.Length();
-  return length > 0 && std::isfinite(length) ? sum * (1 / length) : ON_3dVector{0, 0, 1};
+  return sums;
 }
 
+// Where the surface has no normal it is that of the triangles; the z axis when they cancel each
+// other out.
 void AddNormals(const ON_Surface& surface, bool is_reversed, ON_Mesh& mesh) {
-  for (int i = 0; i < mesh.VertexCount(); ++i) {
-    const ON_2dPoint& at = mesh.m_S[static_cast<std::size_t>(i)];
+  std::vector<ON_3dVector> of_triangles;
+  for (std::size_t i = 0; i < mesh.m_V.size(); ++i) {
+    const ON_2dPoint& at = mesh.m_S[i];
     ON_3dVector normal = surface.NormalAt(at.x, at.y) * (is_reversed ? -1 : 1);
-    if (!(normal.Length() > 0.5)) normal = NormalOfTriangles(mesh, i);
+    if (!(normal.Length() > 0.5)) {
+      if (of_triangles.empty()) of_triangles = NormalsOfTriangles(mesh);
+      const double length = of_triangles[i].Length();
+      const bool has_length = length > 0 && std::isfinite(length);
+      normal = has_length ? of_triangles[i] * (1 / length) : ON_3dVector{0, 0, 1};
+    }
     mesh.m_N.push_back(ToFloat({normal.x, normal.y, normal.z}));
   }
 }

@@ -8,7 +8,8 @@
 #include <TopoDS_Edge.hxx>
 #include <TopoDS_Vertex.hxx>
 #include <TopoDS_Wire.hxx>
-#include <algorithm>
+#include <array>
+#include <unordered_map>
 
 namespace host {
 namespace {
@@ -40,6 +41,27 @@ struct TrimUse {
   bool is_placed = false;
 };
 
+// The trims of a face that use one edge in one direction, in the order of the face.
+struct SameUses {
+  std::vector<TrimUse*> uses;
+  std::size_t next = 0;
+
+  // The first one that isn't placed yet; null when all are.
+  TrimUse* Unplaced() {
+    while (next < uses.size() && uses[next]->is_placed) ++next;
+    return next < uses.size() ? uses[next] : nullptr;
+  }
+};
+
+struct EdgeUses {
+  // In the edge's direction and against it.
+  std::array<SameUses, 2> in_direction;
+  // Set when one of them has got its curves.
+  bool is_again = false;
+
+  SameUses& Of(bool is_reversed) { return in_direction[is_reversed ? 1 : 0]; }
+};
+
 class ShapeBuilder {
  public:
   ShapeBuilder(const ON_Brep& brep, const ModelFrame& frame) : brep_(brep), frame_(frame) {
@@ -57,7 +79,8 @@ class ShapeBuilder {
   const SharedEdge& EdgeAt(int index);
   bool MakeUse(const ON_BrepTrim& trim, const FrameSurface& surface, TrimUse& use);
   bool MakeSingularUse(const ON_BrepTrim& trim, const FrameSurface& surface, TrimUse& use);
-  void Place(std::vector<TrimUse>& uses, std::size_t index, const TopoDS_Face& face);
+  void Place(TrimUse& use, EdgeUses& of_edge, const TopoDS_Face& face);
+  void PlaceAll(std::vector<TrimUse>& uses, const TopoDS_Face& face);
   std::vector<TrimUse> UsesOf(const ON_BrepFace& face, const FrameSurface& surface);
   bool AddWires(const ON_BrepFace& face, BrepShape::Face& made);
 
@@ -150,38 +173,41 @@ std::vector<TrimUse> ShapeBuilder::UsesOf(const ON_BrepFace& face, const FrameSu
 
 // Gives an edge its curve on the face; a seam has two, one for each direction. A further use in the
 // same direction gets an edge of its own, which is divided alike as it has the same curve.
-void ShapeBuilder::Place(std::vector<TrimUse>& uses, std::size_t index, const TopoDS_Face& face) {
-  TrimUse& use = uses[index];
+void ShapeBuilder::Place(TrimUse& use, EdgeUses& of_edge, const TopoDS_Face& face) {
   if (use.is_placed) return;
   use.is_placed = true;
-  const auto is_partner = [&use](const TrimUse& other) {
-    return !other.is_placed && other.trim->m_ei == use.trim->m_ei && use.trim->m_ei >= 0 &&
-           other.trim->m_bRev3d != use.trim->m_bRev3d;
-  };
-  const auto partner = std::find_if(uses.begin(), uses.end(), is_partner);
-  const auto begin = uses.begin() + static_cast<std::ptrdiff_t>(index);
-  const bool is_again = std::any_of(uses.begin(), begin, [&use](const TrimUse& other) {
-    return use.trim->m_ei >= 0 && other.edge.IsSame(use.edge);
-  });
-  if (is_again) {
+  if (of_edge.is_again) {
     const SharedEdge& shared = At(edges_, use.trim->m_ei);
     use.edge = NewEdge(At(brep_.m_E, use.trim->m_ei), shared.curve, shared.length);
   }
-  if (partner == uses.end()) {
+  of_edge.is_again = true;
+  const bool is_reversed = use.trim->m_bRev3d;
+  TrimUse* partner = of_edge.Of(!is_reversed).Unplaced();
+  if (partner == nullptr) {
     builder_.UpdateEdge(use.edge, use.curve, face, Precision::Confusion());
   } else {
     partner->is_placed = true;
     partner->edge = use.edge;
-    const bool is_reversed = use.trim->m_bRev3d;
     builder_.UpdateEdge(use.edge, is_reversed ? partner->curve : use.curve,
                         is_reversed ? use.curve : partner->curve, face, Precision::Confusion());
+  }
+}
+
+void ShapeBuilder::PlaceAll(std::vector<TrimUse>& uses, const TopoDS_Face& face) {
+  std::unordered_map<int, EdgeUses> edges;
+  for (TrimUse& use : uses) {
+    if (use.trim->m_ei >= 0) edges[use.trim->m_ei].Of(use.trim->m_bRev3d).uses.push_back(&use);
+  }
+  for (TrimUse& use : uses) {
+    EdgeUses none;
+    Place(use, use.trim->m_ei >= 0 ? edges[use.trim->m_ei] : none, face);
   }
 }
 
 bool ShapeBuilder::AddWires(const ON_BrepFace& face, BrepShape::Face& made) {
   std::vector<TrimUse> uses = UsesOf(face, made.surface);
   if (uses.empty()) return false;
-  for (std::size_t i = 0; i < uses.size(); ++i) Place(uses, i, made.face);
+  PlaceAll(uses, made.face);
   auto use = uses.begin();
   for (const int loop : face.m_li) {
     TopoDS_Wire wire;

@@ -10,40 +10,51 @@ namespace host {
 
 namespace {
 
-// Loops by the upright strips of the plane that they touch, so that only those near a loop are
-// compared with it.
-class Strips {
+// Loops by the cells of a grid that they touch, so that only those near a loop are compared with
+// it.
+class Cells {
  public:
-  explicit Strips(std::span<const PlaneLoop> loops) {
+  explicit Cells(std::span<const PlaneLoop> loops) {
     ON_BoundingBox box;
     for (const PlaneLoop& loop : loops) box.Include(loop.Box());
-    start_ = box.m_min.x;
-    width_ = (box.m_max.x - box.m_min.x) / kCount;
+    x_ = {box.m_min.x, (box.m_max.x - box.m_min.x) / kCount};
+    y_ = {box.m_min.y, (box.m_max.y - box.m_min.y) / kCount};
   }
 
   void Add(std::size_t index, const PlaneLoop& loop) {
-    const std::size_t last = At(loop.Box().m_max.x + loop.Stray());
-    for (std::size_t i = At(loop.Box().m_min.x - loop.Stray()); i <= last; ++i) {
-      strips_[i].push_back(index);
+    const ON_BoundingBox& box = loop.Box();
+    const double stray = loop.Stray();
+    const std::size_t last_i = x_.At(box.m_max.x + stray), last_j = y_.At(box.m_max.y + stray);
+    for (std::size_t i = x_.At(box.m_min.x - stray); i <= last_i; ++i) {
+      for (std::size_t j = y_.At(box.m_min.y - stray); j <= last_j; ++j) {
+        cells_[i][j].push_back(index);
+      }
     }
   }
 
   // The loops that may be around another one, in the order in which they were added.
   [[nodiscard]] std::span<const std::size_t> Around(const PlaneLoop& loop) const {
-    return strips_[At((loop.Box().m_min.x + loop.Box().m_max.x) / 2)];
+    const ON_BoundingBox& box = loop.Box();
+    return cells_[x_.At((box.m_min.x + box.m_max.x) / 2)][y_.At((box.m_min.y + box.m_max.y) / 2)];
   }
 
  private:
-  static constexpr std::size_t kCount = 64;
+  static constexpr std::size_t kCount = 32;
 
-  [[nodiscard]] std::size_t At(double x) const {
-    const double strip = width_ > 0 ? std::floor((x - start_) / width_) : 0;
-    return static_cast<std::size_t>(std::clamp(strip, 0.0, kCount - 1.0));
-  }
+  // A side of the grid.
+  struct Side {
+    double start = 0;
+    double width = 0;
 
-  double start_ = 0;
-  double width_ = 0;
-  std::array<std::vector<std::size_t>, kCount> strips_;
+    [[nodiscard]] std::size_t At(double t) const {
+      const double cell = width > 0 ? std::floor((t - start) / width) : 0;
+      return static_cast<std::size_t>(std::clamp(cell, 0.0, kCount - 1.0));
+    }
+  };
+
+  Side x_;
+  Side y_;
+  std::array<std::array<std::vector<std::size_t>, kCount>, kCount> cells_;
 };
 
 // So many loops that nearly agree with a loop are told apart from it: one that crosses more of them
@@ -61,7 +72,7 @@ bool BoxIsAround(const PlaneLoop& outer, const PlaneLoop& inner) {
 class Nest {
  public:
   explicit Nest(std::span<const PlaneLoop> loops)
-      : loops_(loops), strips_(loops), region_(loops.size()) {
+      : loops_(loops), cells_(loops), region_(loops.size()) {
     std::vector<std::size_t> order(loops.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
@@ -84,7 +95,7 @@ class Nest {
   // All that may be around a loop have been placed before it, and of these the smaller ones last.
   void Place(std::size_t index) {
     const PlaneLoop& loop = loops_[index];
-    const auto around = strips_.Around(loop);
+    const auto around = cells_.Around(loop);
     std::optional<std::size_t> parent;
     int closer_looks = 0;
     for (auto at = around.rbegin(); at != around.rend() && !parent.has_value(); ++at) {
@@ -103,11 +114,11 @@ class Nest {
     } else {
       region_[index] = PlanarRegion{index, {}};
     }
-    strips_.Add(index, loop);
+    cells_.Add(index, loop);
   }
 
   std::span<const PlaneLoop> loops_;
-  Strips strips_;
+  Cells cells_;
   // Of the loops that are outer ones.
   std::vector<std::optional<PlanarRegion>> region_;
 };
