@@ -140,6 +140,22 @@ TEST_F(CurveWriterTest, ADashedPolylineTellsTheLengthToEachPoint) {
                 "\"varying float t\" [0  0.75 1]\n");
 }
 
+TEST_F(CurveWriterTest, APolylineTooLongToBeMeasuredTellsNoLengths) {
+  UseDashes();
+  const std::string body = BodyOf(Polyline({{-1e308, 0, 0}, {1e308, 0, 0}, {-1e308, 0, 0}}));
+  EXPECT_THAT(body, HasSubstr("[ -1e+308 0 0 1e+308 0 0 -1e+308 0 0 ]"));
+  EXPECT_THAT(body, Not(HasSubstr("varying")));
+}
+
+TEST_F(CurveWriterTest, PointsThatOnlyTheirWeightsCanTellKeepThem) {
+  auto curve = std::make_shared<ON_NurbsCurve>();
+  curve->Create(2, {0, 1, 2}, {{0, 0, 0, 1}, {1e300, 0, 0, 1e-20}, {0, 1, 0, 1}}, true);
+  EXPECT_EQ(GeometryOf(curve), std::string(kRibbon) +
+                                   "NuCurves [3] [2] [0 0 1 2 2] [0] [2] "
+                                   "\"Pw\" [0 0 0 1 1e+300 0 0 1e-20 0 1 0 1 ] "
+                                   "\"constantwidth\" [1]\n");
+}
+
 TEST_F(CurveWriterTest, ADashedNurbsCurveTellsNoLengths) {
   UseDashes();
   const std::string body = BodyOf(Cubic());

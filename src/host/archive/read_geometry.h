@@ -14,8 +14,8 @@ namespace host {
 
 inline constexpr ON_UUID kMeshClass = "4ed7d4e4-e947-11d3-bfe5-0010830122f0"_uuid;
 
-// A mesh with all its channels. Fails when a face names a vertex that isn't there, so that what was
-// read can be used without further checks.
+// A mesh with all its channels. Fails when a face names a vertex that isn't there, or a vertex has
+// no place, so that what was read can be used without further checks.
 [[nodiscard]] bool ReadMesh(ON_BinaryArchive& archive, ON_Mesh& mesh);
 // What older meshes carry as user data of class `class_id`: vertices in double precision, polygons.
 // Called with the payload's chunk open; other classes are left alone.

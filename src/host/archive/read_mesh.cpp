@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 
 #include "host/archive/chunk_scope.h"
 #include "host/archive/class_wrapper.h"
@@ -150,6 +151,20 @@ bool ReadLaterFields(ON_BinaryArchive& archive, int minor, std::size_t vertex_co
   return minor < 7 || ReadDoublePoints(archive, mesh);
 }
 
+bool AreNumbers(const ON_3fPoint& p) {
+  return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+}
+
+// Normals and texture coordinates that aren't numbers become zero.
+void MendChannels(ON_Mesh& mesh) {
+  for (ON_3fVector& n : mesh.m_N) {
+    if (!AreNumbers(n)) n = {0, 0, 0};
+  }
+  for (ON_2fPoint& st : mesh.m_T) {
+    if (!std::isfinite(st.x) || !std::isfinite(st.y)) st = {0, 0};
+  }
+}
+
 bool ReadMeshBody(ON_BinaryArchive& archive, int major, int minor, ON_Mesh& mesh) {
   MeshCounts counts;
   if (!ReadMeshHead(archive, counts, mesh) || !ReadFaces(archive, counts.faces, mesh.m_F)) {
@@ -159,6 +174,10 @@ bool ReadMeshBody(ON_BinaryArchive& archive, int major, int minor, ON_Mesh& mesh
                                : ReadPackedChannels(archive, counts.vertices, mesh);
   if (!read) return false;
   if (mesh.m_V.size() != counts.vertices) return archive.Fail("a mesh lacks its vertices");
+  if (!std::all_of(mesh.m_V.begin(), mesh.m_V.end(), AreNumbers)) {
+    return archive.Fail("a mesh with a vertex whose coordinates are no numbers");
+  }
+  MendChannels(mesh);
   if (!mesh.HasValidFaceIndices()) {
     return archive.Fail("a face of a mesh names a vertex that isn't there");
   }

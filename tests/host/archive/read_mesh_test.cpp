@@ -24,6 +24,7 @@ struct StoredMesh {
   std::vector<int> indices = {0, 1, 2, 2, 0, 2, 3, 3};
   std::vector<float> points = {0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0};
   std::vector<float> normals;
+  std::vector<float> texture;
   std::vector<double> surface_parameters;
   std::vector<std::vector<std::vector<std::uint32_t>>> ngons;
   std::vector<double> double_points;
@@ -119,7 +120,8 @@ void WriteMeshData(ON_BinaryArchive& a, const StoredMesh& mesh) {
   if (!mesh.points.empty()) {
     WritePacked(a, mesh.points);
     WritePacked(a, mesh.normals);
-    for (int i = 0; i < 3; ++i) a.WriteInt(0);
+    WritePacked(a, mesh.texture);
+    for (int i = 0; i < 2; ++i) a.WriteInt(0);
   }
   WriteLaterFields(a, mesh);
 }
@@ -204,6 +206,33 @@ TEST(ReadMesh, ANegativeIndexFailsTheRecord) {
   stored.index_size = 4;
   stored.indices[0] = -1;
   EXPECT_FALSE(WriteAndRead(stored).reading.ok);
+}
+
+TEST(ReadMesh, AVertexWithoutAPlaceIsTold) {
+  for (const float wrong :
+       {std::numeric_limits<float>::quiet_NaN(), -std::numeric_limits<float>::infinity()}) {
+    StoredMesh stored;
+    stored.points[4] = wrong;
+    const auto reading = WriteAndRead(stored).reading;
+    EXPECT_FALSE(reading.ok);
+    ASSERT_THAT(reading.problems, testing::SizeIs(1));
+    EXPECT_THAT(reading.problems[0],
+                HasSubstr("a mesh with a vertex whose coordinates are no numbers"));
+  }
+}
+
+TEST(ReadMesh, NormalsAndTextureCoordinatesThatAreNoNumbersAreZero) {
+  StoredMesh stored;
+  stored.normals.assign(stored.points.size(), 1.0f);
+  stored.normals[4] = std::numeric_limits<float>::quiet_NaN();
+  stored.texture.assign(stored.points.size() / 3 * 2, 0.5f);
+  stored.texture[3] = std::numeric_limits<float>::infinity();
+  const auto [reading, mesh] = WriteAndRead(stored);
+  ASSERT_TRUE(reading.ok);
+  EXPECT_EQ((ON_3fVector{1, 1, 1}), mesh->m_N[0]);
+  EXPECT_EQ((ON_3fVector{0, 0, 0}), mesh->m_N[1]);
+  EXPECT_EQ((ON_2fPoint{0.5f, 0.5f}), mesh->m_T[0]);
+  EXPECT_EQ((ON_2fPoint{0, 0}), mesh->m_T[1]);
 }
 
 TEST(ReadMesh, AnUnknownIndexSizeIsTold) {
