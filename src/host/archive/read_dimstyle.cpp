@@ -5,6 +5,7 @@
 #include "host/archive/component_attributes.h"
 #include "host/archive/record_readers.h"
 #include "host/geometry/on_settings.h"
+#include "host/system/text.h"
 
 namespace host {
 namespace {
@@ -277,6 +278,14 @@ bool ReadNewDimStyle(ON_BinaryArchive& archive, ON_DimStyle& style) {
          ReadRoundingAndArrows(archive, style) && ReadLaterFields(archive, minor, style);
 }
 
+// What stands around each measurement must not be longer than any text that is drawn.
+void CutTexts(ON_DimStyle& style) {
+  constexpr std::size_t kMaxLength = 256;
+  for (std::string* text : {&style.m_font, &style.m_prefix, &style.m_suffix}) {
+    text->resize(FirstCodePoints(*text, kMaxLength).size());
+  }
+}
+
 }  // namespace
 
 bool ReadDimStyle(ON_BinaryArchive& archive, ON_DimStyle& style,
@@ -286,10 +295,11 @@ bool ReadDimStyle(ON_BinaryArchive& archive, ON_DimStyle& style,
     if (class_id == kOldDimStyleClass) return ReadOldDimStyle(data, text_styles, style);
     return data.Fail("this is no dimension style");
   };
-  return ReadWrappedClass(archive, &style.m_user_strings, read,
-                          [&style](ON_BinaryArchive& payload, const ON_UUID& class_id) {
-                            ReadExtra(payload, class_id, style);
-                          });
+  const bool is_read = ReadWrappedClass(
+      archive, nullptr, read,
+      [&style](ON_BinaryArchive& payload, const ON_UUID& id) { ReadExtra(payload, id, style); });
+  CutTexts(style);
+  return is_read;
 }
 
 }  // namespace host

@@ -126,6 +126,8 @@ void TakeTextStyle(const OldPart& part, const AnnotationStyles& styles, ON_Annot
   if (is_same) return;
   if (font != nullptr) font->ApplyTo(style);
   if (has_height) style.m_textheight = part.text_height;
+  // Of many texts each has one.
+  style.m_name.clear();
   annotation.m_override = std::move(style);
 }
 
@@ -137,7 +139,9 @@ void TakeDimStyle(const OldPart& part, const AnnotationStyles& styles, ON_Annota
   const ON_DimStyle& style = styles.dim_styles[index];
   annotation.m_dimstyle_id = style.m_id;
   // One without an id is found by nobody.
-  if (style.m_id.IsNil()) annotation.m_override = style;
+  if (!style.m_id.IsNil()) return;
+  ON_DimStyle& own = annotation.m_override.emplace(style);
+  own.m_name.clear();
 }
 
 // The degree sign that angles are given anyway.

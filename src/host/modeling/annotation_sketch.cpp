@@ -7,12 +7,15 @@
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_polyline_curve.h"
+#include "host/modeling/text_layout.h"
+#include "host/system/text.h"
 
 namespace host {
 namespace {
 
 // From one line's foot to the next one's, in heights of a capital letter.
 constexpr double kLineFeed = 1.6;
+constexpr std::size_t kMaxFontName = 256;
 
 bool IsFinite(ON_2dPoint p) {
   return ON_IsValid(p.x) && ON_IsValid(p.y);
@@ -77,8 +80,9 @@ double AnnotationSketch::TextWidth(const std::string& text) const {
   return ON_IsValid(width) && width > 0 ? width : 0;
 }
 
-std::string AnnotationSketch::Wrapped(const std::string& text) const {
+std::string AnnotationSketch::Wrapped(const std::string& whole) const {
   const double room = Size(annotation_.m_wrap_width);
+  const std::string text(FirstCodePoints(whole, kMaxLetters));
   if (room <= 0) return text;
   const double blank = TextWidth("n n") - TextWidth("nn");
   std::string wrapped;
@@ -190,7 +194,7 @@ ON_TextEntity2 AnnotationSketch::Entity(const std::string& text) const {
   entity.m_plane = annotation_.m_plane;
   entity.m_text = text;
   entity.m_height = text_height_;
-  entity.m_font = style_.m_font;
+  entity.m_font = FirstCodePoints(style_.m_font, kMaxFontName);
   entity.m_bold = style_.m_bold;
   entity.m_italic = style_.m_italic;
   return entity;

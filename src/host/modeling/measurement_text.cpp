@@ -33,7 +33,7 @@ std::string Decimal(double value, int digits, int suppressed_zeros) {
 // A number of halves, quarters, eighths: 2^`digits` make a whole one. "1-3/4".
 std::string Fraction(double value, int digits) {
   const std::int64_t parts = std::int64_t{1} << std::clamp(digits, 0, 8);
-  if (value > kMaxWhole) return Decimal(value, 0, 0);
+  if (!(std::abs(value) <= kMaxWhole)) return Decimal(value, 0, 0);
   const auto count = static_cast<std::int64_t>(std::llround(value * static_cast<double>(parts)));
   const std::int64_t whole = count / parts;
   std::int64_t over = count % parts;
@@ -50,7 +50,7 @@ std::string Fraction(double value, int digits) {
 // 14.75 inches are 1'-2-3/4".
 std::string FeetAndInches(double inches, int digits) {
   const double parts = std::exp2(std::clamp(digits, 0, 8));
-  if (inches > kMaxWhole) return Decimal(inches / 12, 0, 0) + "'";
+  if (!(std::abs(inches) <= kMaxWhole)) return Decimal(inches / 12, 0, 0) + "'";
   const double rounded = std::round(inches * parts) / parts;
   const double feet = std::floor(rounded / 12);
   const std::string rest = Fraction(rounded - 12 * feet, digits) + "\"";
@@ -60,8 +60,11 @@ std::string FeetAndInches(double inches, int digits) {
 std::string Length(double length, const ON_DimStyle& style) {
   const double factor = ON_IsValid(style.m_lengthfactor) ? style.m_lengthfactor : 1;
   double value = length * factor;
-  const bool rounds = ON_IsValid(style.m_round) && style.m_round > 0;
-  if (rounds) value = std::round(value / style.m_round) * style.m_round;
+  const double steps = std::round(value / style.m_round);
+  if (style.m_round > 0 && ON_IsValid(style.m_round) && ON_IsValid(steps))
+    value = steps * style.m_round;
+  // What no number can tell.
+  if (!ON_IsValid(value)) return "?";
   switch (style.m_lengthformat) {
     case 1:
       return Fraction(value, style.m_lengthresolution);
@@ -105,17 +108,22 @@ bool IsDimension(const ON_Annotation& annotation) {
 
 std::string MeasurementText(const ON_Annotation& annotation, const ON_DimStyle& style) {
   constexpr std::string_view kPlace = "<>";
-  std::string text = annotation.m_text;
+  // Bytes of a text behind which no number is filled in; nobody draws so much.
+  constexpr std::size_t kLongest = 65536;
+  const std::string& text = annotation.m_text;
   if (!IsDimension(annotation)) return text;
   const double measured = annotation.Measurement();
   const bool is_angle = annotation.m_type == ON_Annotation::Type::angular;
   const std::string number = is_angle ? Angle(measured, style) : Length(measured, style);
   const std::string whole = style.m_prefix + number + style.m_suffix;
-  for (std::size_t at = text.find(kPlace); at != std::string::npos;
-       at = text.find(kPlace, at + whole.size())) {
-    text.replace(at, kPlace.size(), whole);
+  std::string filled;
+  std::size_t at = 0;
+  for (std::size_t place = text.find(kPlace); place != text.npos && filled.size() < kLongest;
+       place = text.find(kPlace, at)) {
+    filled.append(text, at, place - at).append(whole);
+    at = place + kPlace.size();
   }
-  return text;
+  return filled.append(text, at);
 }
 
 }  // namespace host

@@ -343,6 +343,17 @@ TEST(ReadDimStyle, OldOnesNameTheirFontByItsPosition) {
   EXPECT_EQ(font(-1).m_font, "");
 }
 
+TEST(ReadDimStyle, NamesOfFontsAreNotLongerThanAnyIs) {
+  const std::vector<host::TextStyle> fonts = {{std::string(5000, 'a'), false, false}};
+  const std::string bytes = RecordBytes(4, 200710174, [](ON_BinaryArchive& archive) {
+    WriteClass(archive, kDimStyleClass, [](ON_BinaryArchive& a) { WriteOldDimStyle(a, 1, 0); });
+  });
+  ON_DimStyle style;
+  ReadBytes(bytes, 4, 200710174,
+            [&](ON_BinaryArchive& archive) { return host::ReadDimStyle(archive, style, fonts); });
+  EXPECT_EQ(style.m_font, std::string(256, 'a'));
+}
+
 TEST(ReadDimStyle, VersionFiveCarriesTheScaleApart) {
   constexpr ON_UUID kExtra = "513fde53-7284-4065-8601-06cea8b28d6f"_uuid;
   const auto scale = [&](const ON_UUID& class_id, int minor, double stored) {

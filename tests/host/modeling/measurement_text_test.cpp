@@ -142,4 +142,27 @@ TEST(MeasurementText, FiguresThatAreNoNumbersDoNoHarm) {
   EXPECT_EQ(OfLength(2, style), "2.0");
 }
 
+TEST(MeasurementText, WhatNoNumberCanTellIsAQuestion) {
+  constexpr double kHuge = 1.7e308;
+  for (const int format : {0, 1, 2}) {
+    ON_DimStyle style = Lengths(format, 2);
+    style.m_lengthfactor = 10;
+    EXPECT_EQ(OfLength(kHuge, style), "?");
+    style.m_lengthfactor = 1;
+    EXPECT_EQ(OfLength(-kHuge, style).find_first_not_of("0123456789.'"), std::string::npos);
+  }
+  // So fine that there is nothing to round.
+  ON_DimStyle fine = Lengths(0, 2);
+  fine.m_round = 1e-320;
+  EXPECT_EQ(OfLength(2.5, fine), "2.50");
+}
+
+TEST(MeasurementText, ATextIsNotFilledWithoutEnd) {
+  ON_DimStyle style = Lengths(0, 0);
+  style.m_prefix = std::string(256, 'a');
+  std::string text;
+  for (int i = 0; i < 100'000; ++i) text += "<>";
+  EXPECT_LT(OfLength(1, style, text).size(), 300'000U);
+}
+
 }  // namespace
