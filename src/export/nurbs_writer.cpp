@@ -139,23 +139,29 @@ void WriteWholeSurface(RibWriter& writer, const ON_Brep& brep) {
   WriteNuPatch(writer, *surface);
 }
 
+// A face that can't be stretched keeps its domain.
+void Reparameterize(const RibWriter& writer, ON_Brep& brep, int face) {
+  if (writer.Reparameterize != 0) static_cast<void>(brep.SetFaceDomain(face, {0, 1}, {0, 1}));
+}
+
 }  // namespace
 
 int WriteBrep(RibWriter& writer, const ON_Brep& brep) {
   ON_Brep copy = brep;
   copy.Compact();
-  const int faces = static_cast<int>(copy.m_F.size());
-  if (writer.Reparameterize != 0) {
-    // A face that can't be stretched keeps its domain.
-    for (int i = 0; i < faces; ++i) static_cast<void>(copy.SetFaceDomain(i, {0, 1}, {0, 1}));
-  }
   if (copy.IsSurface()) {
+    Reparameterize(writer, copy, 0);
     WriteWholeSurface(writer, copy);
     return kWritten;
   }
+  const std::size_t curves = copy.m_C2.size(), surfaces = copy.m_S.size();
   FaceWriter faceWriter(writer, copy);
-  for (int i = 0; i < faces; ++i) {
+  for (int i = 0; i < static_cast<int>(copy.m_F.size()); ++i) {
+    Reparameterize(writer, copy, i);
     faceWriter.WriteFace(copy.m_F[static_cast<std::size_t>(i)], !copy.FaceIsSurface(i));
+    // What was made for this face: all faces' at once might fill the memory.
+    copy.m_C2.resize(curves);
+    copy.m_S.resize(surfaces);
   }
   return kWritten;
 }

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "host/geometry/on_brep.h"
 #include "host/geometry/on_curve_part.h"
 #include "host/geometry/on_nurbs_curve.h"
@@ -83,12 +85,18 @@ void ON_Brep::Compact() {
 }
 
 bool ON_Brep::MakeValidForV2() {
+  bool all_are_whole = true;
   std::vector<std::shared_ptr<const ON_Curve>> curves;
-  for (const ON_BrepTrim& trim : m_T) {
-    curves.push_back(WholeCurve(*this, trim));
-    if (curves.back() == nullptr) return false;
+  for (ON_BrepTrim& trim : m_T) {
+    const std::size_t index = curves.size();
+    if (std::shared_ptr<const ON_Curve> whole = WholeCurve(*this, trim)) {
+      SetWholeCurve(trim, *whole, index);
+      curves.push_back(std::move(whole));
+    } else {
+      curves.push_back(ON_At(m_C2, std::exchange(trim.m_c2i, static_cast<int>(index))));
+      all_are_whole = false;
+    }
   }
   m_C2 = std::move(curves);
-  for (std::size_t i = 0; i < m_T.size(); ++i) SetWholeCurve(m_T[i], *m_C2[i], i);
-  return true;
+  return all_are_whole;
 }

@@ -17,16 +17,20 @@ class ON_NurbsSurface : public ON_Surface {
   void Create(std::array<int, 2> order, std::array<ON_SimpleArray<double>, 2> knots,
               ON_SimpleArray<ON_4dPoint> cvs, bool is_rational);
   // Makes it a surface with the orders and knots of two curves: `make_cv` gives the control point
-  // for one of each.
+  // for one of each. False when that isn't valid, or would have more than a million of them.
   template <class MakeCV>
-  void CreateProduct(const ON_NurbsCurve& u, const ON_NurbsCurve& v, bool is_rational,
-                     const MakeCV& make_cv) {
+  [[nodiscard]] bool CreateProduct(const ON_NurbsCurve& u, const ON_NurbsCurve& v, bool is_rational,
+                                   const MakeCV& make_cv) {
+    // Thirty megabytes of points.
+    constexpr std::size_t kMaxCVs = 1'000'000;
+    if (u.m_cv.size() > kMaxCVs / v.m_cv.size()) return false;
     ON_SimpleArray<ON_4dPoint> cvs;
     cvs.reserve(u.m_cv.size() * v.m_cv.size());
     for (const ON_4dPoint& a : u.m_cv) {
       for (const ON_4dPoint& b : v.m_cv) cvs.push_back(make_cv(a, b));
     }
     Create({u.Order(), v.Order()}, {u.m_knot, v.m_knot}, std::move(cvs), is_rational);
+    return IsValid();
   }
 
   int Order(int direction) const { return m_order[static_cast<std::size_t>(direction)]; }

@@ -101,11 +101,10 @@ ON_4dPoint ON_RevSurface::TurnedCV(const ON_4dPoint& cv, const ON_4dPoint& arc) 
 bool ON_RevSurface::GetNurbForm(ON_NurbsSurface& form) const {
   ON_NurbsCurve around, along;
   if (!UnitArc().GetNurbForm(around) || !m_curve->GetNurbForm(along)) return false;
-  form.CreateProduct(m_bTransposed ? along : around, m_bTransposed ? around : along, true,
-                     [&](const ON_4dPoint& a, const ON_4dPoint& b) {
-                       return m_bTransposed ? TurnedCV(a, b) : TurnedCV(b, a);
-                     });
-  return form.IsValid();
+  return form.CreateProduct(m_bTransposed ? along : around, m_bTransposed ? around : along, true,
+                            [&](const ON_4dPoint& a, const ON_4dPoint& b) {
+                              return m_bTransposed ? TurnedCV(a, b) : TurnedCV(b, a);
+                            });
 }
 
 std::unique_ptr<ON_Surface> ON_RevSurface::DuplicateSurface() const {

@@ -34,19 +34,15 @@ void ON_SumSurface::Ev1Der(double u, double v, ON_3dPoint* point, ON_3dVector* d
 }
 
 bool ON_SumSurface::GetNurbForm(ON_NurbsSurface& form) const {
-  // A hundred megabytes of points.
-  constexpr std::size_t kMaxCVs = 3'000'000;
   ON_NurbsCurve u, v;
   if (!Curve(0).GetNurbForm(u) || !Curve(1).GetNurbForm(v)) return false;
-  if (u.m_cv.size() > kMaxCVs / v.m_cv.size()) return false;
-  form.CreateProduct(
+  return form.CreateProduct(
       u, v, u.IsRational() || v.IsRational(), [&](const ON_4dPoint& a, const ON_4dPoint& b) {
         const double w = a.w * b.w;
         const ON_3dVector& base = m_basepoint;
         return ON_4dPoint{a.x * b.w + b.x * a.w + base.x * w, a.y * b.w + b.y * a.w + base.y * w,
                           a.z * b.w + b.z * a.w + base.z * w, w};
       });
-  return form.IsValid();
 }
 
 std::unique_ptr<ON_Surface> ON_SumSurface::DuplicateSurface() const {

@@ -269,12 +269,15 @@ TEST(BrepMakeValidForV2, PartsOfAPolycurveGoThroughItsSegments) {
   EXPECT_EQ(3, ON_NurbsCurve::Cast(brep->m_C2[5].get())->Order());
 }
 
-TEST(BrepMakeValidForV2, ACurveWithoutAFormChangesNothing) {
+TEST(BrepMakeValidForV2, OnlyACurveWithoutAFormStaysAsItIs) {
   const auto brep = MakePlateBrep(5, 2);
-  brep->m_C2.back() = std::make_shared<FormlessCurve>(ON_3dPoint{0, 0, 0}, ON_3dPoint{1, 0, 0});
-  brep->m_T.back().m_domain = brep->m_C2.back()->Domain();
-  const auto curves = brep->m_C2;
+  const auto formless = std::make_shared<FormlessCurve>(ON_3dPoint{0, 0, 0}, ON_3dPoint{1, 0, 0});
+  brep->m_C2.back() = formless;
+  brep->m_T.back().m_domain = formless->Domain();
   EXPECT_FALSE(brep->MakeValidForV2());
-  EXPECT_EQ(curves, brep->m_C2);
   EXPECT_TRUE(brep->IsValid());
+  EXPECT_EQ(formless, brep->m_C2[static_cast<std::size_t>(brep->m_T.back().m_c2i)]);
+  for (std::size_t i = 0; i + 1 < brep->m_T.size(); ++i) {
+    EXPECT_NE(nullptr, ON_NurbsCurve::Cast(&brep->CurveOf(brep->m_T[i])));
+  }
 }

@@ -4,6 +4,8 @@
 
 #include <limits>
 
+#include "host/geometry/on_nurbs_surface.h"
+#include "host/geometry/on_polyline_curve.h"
 #include "surface_checks.h"
 #include "surface_samples.h"
 
@@ -90,6 +92,21 @@ TEST(RevSurface, ItsNurbsFormHasTheSpansOfAnArc) {
     EXPECT_EQ(2, form.Order(1));
     EXPECT_TRUE(form.IsRational());
   }
+}
+
+TEST(RevSurface, TheFormOfACurveOfEndlesslyManyPointsIsRefused) {
+  const auto curve = std::make_shared<ON_PolylineCurve>();
+  for (int i = 0; i < 400'000; ++i) {
+    curve->m_pline.push_back({1, 0, i * 0.001});
+    curve->m_t.push_back(i);
+  }
+  ON_RevSurface surface;
+  surface.m_axis = {{0, 0, 0}, {0, 0, 1}};
+  surface.m_angle = surface.m_t = {0, 1};
+  surface.m_curve = curve;
+  ASSERT_TRUE(surface.IsValid());
+  ON_NurbsSurface form;
+  EXPECT_FALSE(surface.GetNurbForm(form));
 }
 
 TEST(RevSurface, AWholeTurnIsClosedAndPolesAreSingular) {
