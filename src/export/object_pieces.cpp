@@ -1,10 +1,11 @@
 #include "export/object_pieces.h"
 
 #include <string>
-#include <unordered_set>
+#include <unordered_map>
 
 #include "host/document/app.h"
 #include "host/document/instance_object.h"
+#include "host/document/object_name.h"
 
 namespace orv {
 namespace {
@@ -16,8 +17,15 @@ constexpr std::size_t kMaxProblems = 10;
 class LeftOutBlocks {
  public:
   void Add(const ON_InstanceDefinition& block, const std::string& problem) {
-    if (!blocks_.insert(&block).second || blocks_.size() > kMaxProblems) return;
+    if (++blocks_[&block] > 1 || blocks_.size() > kMaxProblems) return;
     RhinoApp().Print("Not exported: " + problem + ".\n");
+  }
+  // After so many placements that failed a block isn't tried again: to find out what is in it may
+  // take long.
+  bool IsGivenUp(const ON_InstanceDefinition& block) const {
+    constexpr int kMaxFailures = 10;
+    const auto found = blocks_.find(&block);
+    return found != blocks_.end() && found->second >= kMaxFailures;
   }
   ~LeftOutBlocks() {
     if (blocks_.size() <= kMaxProblems) return;
@@ -26,7 +34,8 @@ class LeftOutBlocks {
   }
 
  private:
-  std::unordered_set<const ON_InstanceDefinition*> blocks_;
+  // How many of their placements have failed.
+  std::unordered_map<const ON_InstanceDefinition*, int> blocks_;
 };
 
 class Flattener {
@@ -48,13 +57,14 @@ class Flattener {
   void AddPlacement(const CRhinoInstanceObject* placement) {
     const ON_InstanceDefinition* block =
         placement == nullptr ? nullptr : placement->InstanceDefinition();
-    if (block == nullptr) return;
+    if (block == nullptr || leftOut_.IsGivenUp(*block)) return;
     std::string problem;
     pieces_.clear();
     pieces_.reserve(2 * block->m_object_ids.size() + 16);
     if (!placement->Explode(pieces_, problem)) return leftOut_.Add(*block, problem);
     if (records_.size() + pieces_.size() > maxRecords_) {
-      return leftOut_.Add(*block, "block \"" + block->m_name + "\" is placed too often");
+      return leftOut_.Add(*block,
+                          "block " + host::QuotedName(block->m_name) + " is placed too often");
     }
     for (const CRhinoInstanceObjectPiece& piece : pieces_) {
       if (piece.m_object == nullptr) continue;

@@ -1,5 +1,7 @@
 #include "export/object_walk.h"
 
+#include <unordered_set>
+
 #include "export/annotation_writer.h"
 #include "export/attribute_block.h"
 #include "export/attribute_scope.h"
@@ -12,6 +14,8 @@
 #include "export/point_writer.h"
 #include "export/subd_writer.h"
 #include "export/surface_geometry.h"
+#include "host/document/app.h"
+#include "host/document/object_name.h"
 #include "host/system/interrupt.h"
 
 namespace orv {
@@ -54,15 +58,26 @@ class ObjectWriter {
 
   bool WriteSurface(const RIBRhinoObject& record, const ON_Geometry& geometry) {
     std::shared_ptr<const ON_Brep> brep;
+    if (leftOut_.count(record.Object) != 0) return true;
     // An object with an archive has a brep form, which isn't needed again.
     if (!record.IsPiece || !blocks_.Contains(record.Object->RuntimeSerialNumber())) {
       brep = BrepFormOf(geometry);
-      if (brep == nullptr) return true;
+      if (brep == nullptr) {
+        TellLeftOut(*record.Object);
+        return true;
+      }
     }
     return WriteBlock(
         record, Kind::Surface, [&](const ObjectAttributes& attributes, bool wantsRenderMesh) {
           return WriteSurfaceGeometry(stream_, *record.Object, *brep, attributes, wantsRenderMesh);
         });
+  }
+
+  // Once, however often a block shows it.
+  void TellLeftOut(const CRhinoObject& object) {
+    leftOut_.insert(&object);
+    RhinoApp().Print("Not exported: the surface of " + host::DescribeByName(object) +
+                     " can't be made.\n");
   }
 
   bool WriteMeshObject(const RIBRhinoObject& record, const ON_Mesh& mesh) {
@@ -165,6 +180,8 @@ class ObjectWriter {
   const ObjectStream& stream_;
   BlockIds& blocks_;
   int nextToonId_ = kFirstToonId;
+  // Objects that have no surface after all.
+  std::unordered_set<const CRhinoObject*> leftOut_;
 };
 
 }  // namespace

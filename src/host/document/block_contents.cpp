@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "host/document/doc.h"
+#include "host/document/object_name.h"
 #include "host/geometry/on_instance_ref.h"
-#include "host/system/text.h"
 
 namespace {
 
@@ -99,18 +99,21 @@ void BlockContents::Complete(Contents& contents) const {
   }
 }
 
+std::string BlockContents::NameOf(int definition) const {
+  return host::QuotedName(doc_.m_instance_definition_table.At(definition)->m_name);
+}
+
 std::string BlockContents::ProblemOf(int definition) const {
   const Contents& contents = At(definition);
-  const std::string& name = doc_.m_instance_definition_table.At(definition)->m_name;
+  const std::string block = "block " + NameOf(definition);
   if (!contents.is_complete) {
-    return host::Format("block \"%s\" contains itself or a block that does", name.c_str());
+    return block + " contains itself or a block that does";
   }
   if (contents.levels > kMaxLevels) {
-    return host::Format("block \"%s\" is more than %d blocks deep", name.c_str(), kMaxLevels);
+    return block + " is more than " + std::to_string(kMaxLevels) + " blocks deep";
   }
   if (contents.piece_count > kMaxPieces) {
-    return host::Format("block \"%s\" shows more than %d objects", name.c_str(),
-                        static_cast<int>(kMaxPieces));
+    return block + " shows more than " + std::to_string(kMaxPieces) + " objects";
   }
   return {};
 }
@@ -123,8 +126,7 @@ bool BlockContents::Explode(int definition, const ON_Xform& xform,
   const std::size_t count = pieces.size();
   if (Append(At(definition), xform, pieces)) return true;
   pieces.resize(count);
-  problem = host::Format("block \"%s\" holds placements whose numbers are too large",
-                         doc_.m_instance_definition_table.At(definition)->m_name.c_str());
+  problem = "block " + NameOf(definition) + " holds placements whose numbers are too large";
   return false;
 }
 

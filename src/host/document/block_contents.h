@@ -56,6 +56,8 @@ class BlockContents {
   // Completes the definitions, each after those that it places.
   void Complete();
   void Complete(Contents& contents) const;
+  // In quotes.
+  std::string NameOf(int definition) const;
   // In words, what keeps a definition from being shown; empty when nothing does.
   std::string ProblemOf(int definition) const;
   [[nodiscard]] bool Append(const Contents& contents, const ON_Xform& xform,

@@ -7,6 +7,7 @@
 
 #include "host/document/app.h"
 #include "host/document/doc.h"
+#include "host/document/object_name.h"
 #include "host/geometry/on_brep.h"
 #include "host/geometry/on_extrusion.h"
 #include "host/modeling/render_mesh.h"
@@ -113,20 +114,15 @@ void MakeAll(std::vector<Making>& makings) {
   for (std::thread& helper : helpers) helper.join();
 }
 
-std::string NameOf(const CRhinoObject& object) {
-  const std::string& name = object.Attributes().m_name;
-  return object.ShortDescription() + " " +
-         (name.empty() ? std::to_string(object.RuntimeSerialNumber()) : '"' + name + '"');
-}
-
 void TellFailure(const Making& making) {
   if (making.failed_faces == 0) return;
-  std::string text = "No render mesh could be made of " + NameOf(*making.object) + ".\n";
+  std::string text =
+      "No render mesh could be made of " + host::DescribeByName(*making.object) + ".\n";
   if (making.failed_faces > 0) {
     const std::string faces = making.failed_faces == 1
                                   ? "1 face of "
                                   : std::to_string(making.failed_faces) + " faces of ";
-    text = faces + NameOf(*making.object) + " could not be meshed.\n";
+    text = faces + host::DescribeByName(*making.object) + " could not be meshed.\n";
   }
   RhinoApp().Print(text);
 }
