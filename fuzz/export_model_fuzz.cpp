@@ -1,8 +1,11 @@
 #include <unistd.h>
 
+#include <cctype>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <span>
 #include <string>
 
@@ -15,6 +18,22 @@ namespace {
 std::string StreamPath() {
   const std::string name = "export_model_fuzz." + std::to_string(getpid()) + ".rib";
   return (std::filesystem::temp_directory_path() / name).string();
+}
+
+// Numbers stand outside of quotes; each is one that a renderer can read.
+bool HasOnlyNumbers(const std::string& rib) {
+  bool isQuoted = false, isEscaped = false;
+  std::string word;
+  for (const char c : rib) {
+    if (c == '"' && !isEscaped) isQuoted = !isQuoted;
+    isEscaped = c == '\\' && !isEscaped;
+    const bool isPart = !isQuoted && (std::isalpha(static_cast<unsigned char>(c)) != 0);
+    if (isPart) word += c;
+    if (isPart || word.empty()) continue;
+    if (word == "nan" || word == "inf") return false;
+    word.clear();
+  }
+  return true;
 }
 
 // Exports the open document with everything that can go out.
@@ -30,6 +49,9 @@ void Export(int renderMesh) {
   if (orv::ExportSceneRib(path, doc, {}, 1, {}, settings, nullptr, textures) != 1) {
     __builtin_trap();
   }
+  std::ifstream stream(path, std::ios::binary);
+  const std::string rib{std::istreambuf_iterator<char>(stream), {}};
+  if (!HasOnlyNumbers(rib)) __builtin_trap();
   std::filesystem::remove(path);
 }
 
