@@ -40,7 +40,7 @@ double WidthOf(const CRhinoAnnotationObject& object, const ObjectAttributes& att
 
 // Writes what fills a closed curve. Null is nothing.
 void WriteFilled(RibWriter& writer, std::unique_ptr<ON_Brep> brep) {
-  if (brep != nullptr && brep->MakeValidForV2()) WriteBrep(writer, *brep);
+  if (brep != nullptr && brep->MakeValidForV2()) WriteBrep(writer, std::move(*brep));
 }
 
 // A closed curve is an arrowhead, or another filled shape.
