@@ -43,12 +43,8 @@ TEST(Probe, Corpus) {
           const auto& m = *made.meshes[mk++];
           v += m.VertexCount();
           f += m.FaceCount();
-<<<<<<< HEAD
-          const MeshFit fit = FitOf(m, brep->SurfaceOf(brep->m_F[i]), brep->m_F[i].m_bRev);
-=======
           const MeshFit fit =
               FitOf(m, brep->SurfaceOf(brep->m_F[i]), brep->m_F[i].m_bRev, q.tolerance);
->>>>>>> int
           if (getenv("FACES") && (fit.sag > 1.5 * q.tolerance || fit.vertex > q.tolerance ||
                                   fit.triangle_normal < 0.3))
             printf("   face %zu: V %d F %d vertex %g sag %g (tol %g) n %g %g  %s\n", i,

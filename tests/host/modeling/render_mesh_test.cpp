@@ -18,11 +18,7 @@ TEST(Probe, Shapes) {
     printf("area %g volume %g once %d twice %d more %d tw %d\n", AreaOf(made.meshes),
            VolumeOf(made.meshes), use.once, use.twice, use.more, use.twisted);
     for (std::size_t i = 0; i < made.meshes.size(); ++i) {
-<<<<<<< HEAD
-      const MeshFit fit = FitOf(*made.meshes[i], *brep->m_S[i], brep->m_F[i].m_bRev);
-=======
       const MeshFit fit = FitOf(*made.meshes[i], *brep->m_S[i], brep->m_F[i].m_bRev, 0);
->>>>>>> int
       printf("  V %d F %d fit %g %g %g %g\n", made.meshes[i]->VertexCount(),
              made.meshes[i]->FaceCount(), fit.vertex, fit.sag, fit.vertex_normal,
              fit.triangle_normal);
