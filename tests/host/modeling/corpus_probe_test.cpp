@@ -45,7 +45,6 @@ TEST(Probe, Corpus) {
           f += m.FaceCount();
           const MeshFit fit =
               FitOf(m, brep->SurfaceOf(brep->m_F[i]), brep->m_F[i].m_bRev, q.tolerance);
->>>>>>> annotate
           if (getenv("FACES") && (fit.sag > 1.5 * q.tolerance || fit.vertex > q.tolerance ||
                                   fit.triangle_normal < 0.3))
             printf("   face %zu: V %d F %d vertex %g sag %g (tol %g) n %g %g  %s\n", i,

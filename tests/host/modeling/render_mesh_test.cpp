@@ -19,7 +19,6 @@ TEST(Probe, Shapes) {
            VolumeOf(made.meshes), use.once, use.twice, use.more, use.twisted);
     for (std::size_t i = 0; i < made.meshes.size(); ++i) {
       const MeshFit fit = FitOf(*made.meshes[i], *brep->m_S[i], brep->m_F[i].m_bRev, 0);
->>>>>>> annotate
       printf("  V %d F %d fit %g %g %g %g\n", made.meshes[i]->VertexCount(),
              made.meshes[i]->FaceCount(), fit.vertex, fit.sag, fit.vertex_normal,
              fit.triangle_normal);
