@@ -5,6 +5,8 @@
 #include <limits>
 #include <numbers>
 
+#include "host/geometry/on_point_cloud.h"
+
 namespace {
 
 using Type = ON_Annotation::Type;
