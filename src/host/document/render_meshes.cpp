@@ -8,6 +8,7 @@
 #include "host/document/app.h"
 #include "host/document/doc.h"
 #include "host/geometry/on_brep.h"
+#include "host/geometry/on_extrusion.h"
 #include "host/modeling/render_mesh.h"
 #include "host/system/interrupt.h"
 
@@ -69,6 +70,9 @@ void MakeMeshes(Making& making) {
     MakeMeshesOfBrep(*brep, parameters, making);
   } else if (const auto mesh = std::dynamic_pointer_cast<const ON_Mesh>(geometry)) {
     making.meshes = {mesh};
+  } else if (const auto* extrusion = ON_Extrusion::Cast(geometry.get());
+             extrusion != nullptr && extrusion->m_render_mesh != nullptr) {
+    making.meshes = {extrusion->m_render_mesh};
   } else if (geometry != nullptr && geometry->HasBrepForm()) {
     const std::unique_ptr<ON_Brep> form = geometry->BrepForm();
     if (form == nullptr) making.failed_faces = -1;
