@@ -3,13 +3,19 @@
 #include <unistd.h>
 
 #include <array>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <numbers>
 #include <utility>
 
+#include "host/geometry/on_arc_curve.h"
 #include "host/geometry/on_light.h"
+#include "host/geometry/on_line_curve.h"
+#include "host/geometry/on_nurbs_surface.h"
+#include "host/geometry/on_polyline_curve.h"
 #include "support/shapes.h"
+#include "support/trimmed_faces.h"
 
 namespace {
 
@@ -128,6 +134,92 @@ ONX_Model ManyObjectsWithoutFaces(int attributeCount) {
     for (int string = 0; string < attributeCount; ++string) {
       attributes.SetUserString(kStrings.at(string)[0], kStrings.at(string)[1]);
     }
+  }
+  return model;
+}
+
+namespace {
+
+constexpr int kTrimmedFaces = 5000;
+
+// A cubic surface of 3 x 3 spans over the square from 0 to 3.
+std::shared_ptr<ON_NurbsSurface> Cubic(int number) {
+  constexpr int kPoints = 6;
+  ON_SimpleArray<ON_4dPoint> cvs;
+  for (int i = 0; i < kPoints; ++i) {
+    for (int j = 0; j < kPoints; ++j) {
+      cvs.push_back({number + i / 7.0, j / 3.0, std::sin(i * j + number) / 2, 1});
+    }
+  }
+  const ON_SimpleArray<double> knots{0, 0, 0, 1, 2, 3, 3, 3};
+  auto surface = std::make_shared<ON_NurbsSurface>();
+  surface->Create({4, 4}, {knots, knots}, std::move(cvs), false);
+  return surface;
+}
+
+void AddFace(ON_Brep& brep, int number) {
+  AddTrimmedFace(
+      brep, Cubic(number),
+      {PolygonLoop({{0.1, 0.2}, {2.9, 0.1}, {2.8, 2.7}, {0.3, 2.9}}), CircleLoop({1.5, 1.4}, 0.7)});
+}
+
+std::shared_ptr<ON_Curve> CurveOf(int number) {
+  const double x = number / 7.0;
+  switch (number % 4) {
+    case 0:
+      return std::make_shared<ON_LineCurve>(ON_3dPoint{x, 0, 0}, ON_3dPoint{x, 1.23456, 2});
+    case 1: {
+      auto polyline = std::make_shared<ON_PolylineCurve>();
+      for (int i = 0; i < 10; ++i) {
+        polyline->m_pline.push_back({x, i / 3.0, i * i / 11.0});
+        polyline->m_t.push_back(i);
+      }
+      return polyline;
+    }
+    case 2:
+      return std::make_shared<ON_ArcCurve>(
+          ON_Arc{.plane = {.origin = {x, 0, 0}}, .radius = 1.5, .m_angle = {0.1, 2.9}});
+    default: {
+      auto cubic = std::make_shared<ON_NurbsCurve>();
+      cubic->Create(4, {0, 0, 0, 1, 2, 2, 2},
+                    {{x, 0, 0, 1},
+                     {x, 1 / 3.0, 0.7, 1},
+                     {x + 1, 2 / 3.0, 0.1, 1},
+                     {x, 4 / 3.0, 1.1, 1},
+                     {x, 2, 0, 1}});
+      return cubic;
+    }
+  }
+}
+
+}  // namespace
+
+ON_Brep ManyTrimmedFaces() {
+  ON_Brep brep;
+  for (int i = 0; i < kTrimmedFaces; ++i) AddFace(brep, i);
+  return brep;
+}
+
+ONX_Model ManyTrimmedSurfaces() {
+  ONX_Model model;
+  for (int i = 0; i < kTrimmedFaces; ++i) {
+    auto brep = std::make_shared<ON_Brep>();
+    AddFace(*brep, i);
+    model.m_object_table.emplace_back().m_geometry = std::move(brep);
+  }
+  return model;
+}
+
+ONX_Model ManyCurves(bool dashed) {
+  constexpr int kCount = 50000;
+  ONX_Model model;
+  model.m_linetype_table.resize(1);
+  model.m_linetype_table[0].m_segments = {{2, false}, {1, true}};
+  for (int i = 0; i < kCount; ++i) {
+    ONX_ModelObject& object = model.m_object_table.emplace_back();
+    object.m_geometry = CurveOf(i);
+    object.m_attributes.m_linetype_source = ON_AttributeSource::object;
+    object.m_attributes.m_linetype_index = dashed ? 0 : -1;
   }
   return model;
 }

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "host/archive/model.h"
+#include "host/geometry/on_brep.h"
 #include "host/geometry/on_mesh.h"
 
 // What the benchmarks work on.
@@ -30,6 +31,13 @@ ONX_Model ManySmallObjects();
 // second one has shaders of its own, and 50 lights. Each object has the first `attributeCount` of
 // five attribute strings.
 ONX_Model ManyObjectsWithoutFaces(int attributeCount);
+
+// 5,000 faces of cubic surfaces with a boundary of four trims and a round hole, in one brep and in
+// a document of as many breps.
+ON_Brep ManyTrimmedFaces();
+ONX_Model ManyTrimmedSurfaces();
+// A document of 50,000 curves: lines, polylines, arcs and cubics in turn.
+ONX_Model ManyCurves(bool dashed);
 
 // A file that is there as long as the object is.
 class BenchFile {

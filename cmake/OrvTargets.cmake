@@ -63,9 +63,16 @@ function(orv_test target)
   target_compile_definitions(${target} PRIVATE
     ORV_TEST_FOLDER="${CMAKE_CURRENT_SOURCE_DIR}" ORV_BIN_FOLDER="${CMAKE_BINARY_DIR}/bin")
   add_test(NAME ${target} COMMAND ${target})
+  set(tests ${target})
   if(ORV_COMMA_LOCALE_FOLDER)
     add_test(NAME ${target}_comma_locale COMMAND ${target})
     set_tests_properties(${target}_comma_locale PROPERTIES
       ENVIRONMENT "LOCPATH=${ORV_COMMA_LOCALE_FOLDER};LC_ALL=de_DE.UTF-8;ORV_EXPECT_COMMA_LOCALE=1")
+    list(APPEND tests ${target}_comma_locale)
+  endif()
+  if(ORV_SANITIZE)
+    set(suppressions "${PROJECT_SOURCE_DIR}/cmake/leak_suppressions.txt")
+    set_property(TEST ${tests} APPEND PROPERTY
+      ENVIRONMENT "LSAN_OPTIONS=suppressions=${suppressions}:print_suppressions=0")
   endif()
 endfunction()

@@ -3,6 +3,7 @@
 
 #include "host/archive/model.h"
 #include "host/geometry/on_arc_curve.h"
+#include "host/geometry/on_instance_ref.h"
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_nurbs_curve.h"
@@ -54,7 +55,8 @@ void AddTables(ONX_Model& model) {
   ON_InstanceDefinition& definition = model.m_idef_table.emplace_back();
   definition.m_id = Id(3);
   definition.m_name = "block";
-  definition.m_object_ids = {Id(4)};
+  // The first two objects.
+  definition.m_object_ids = {Id(5), Id(6)};
 }
 
 void AddLight(ONX_Model& model) {
@@ -143,6 +145,9 @@ void AddObjects(ONX_Model& model) {
   AddCurves(model);
   AddBreps(model);
   AddSurfaces(model);
+  auto placement = std::make_shared<ON_InstanceRef>();
+  placement->m_instance_definition_uuid = Id(3);
+  AddObject(model, std::move(placement));
   AddObject(model, nullptr);
 }
 

@@ -41,13 +41,17 @@ void WriteTables(ON_BinaryArchive& archive, const ONX_Model& model) {
   WriteIndexedTable(archive, TCODE_LINETYPE_TABLE, model.m_linetype_table, WriteLinetype);
   WriteIndexedTable(archive, TCODE_LAYER_TABLE, model.m_layer_table, WriteLayer);
   WritePlainTable(archive, TCODE_GROUP_TABLE, model.m_group_table, WriteGroup);
-  WriteEmptyTable(archive, TCODE_FONT_TABLE);
-  WriteEmptyTable(archive, TCODE_DIMSTYLE_TABLE);
+  WriteIndexedTable(archive, TCODE_FONT_TABLE, model.m_dimstyle_table, WriteTextStyle);
+  WriteIndexedTable(archive, TCODE_DIMSTYLE_TABLE, model.m_dimstyle_table, WriteDimStyle);
   WriteIndexedTable(archive, TCODE_LIGHT_TABLE, model.m_light_table, WriteLight);
   WriteEmptyTable(archive, TCODE_HATCHPATTERN_TABLE);
   WritePlainTable(archive, TCODE_INSTANCE_DEFINITION_TABLE, model.m_idef_table,
                   WriteInstanceDefinition);
-  WritePlainTable(archive, TCODE_OBJECT_TABLE, model.m_object_table, WriteObject);
+  WriteTable(archive, TCODE_OBJECT_TABLE, [&model](ON_BinaryArchive& table) {
+    for (const ONX_ModelObject& object : model.m_object_table) {
+      WriteObject(table, object, model.m_dimstyle_table);
+    }
+  });
   WriteEmptyTable(archive, TCODE_HISTORYRECORD_TABLE);
   WriteDocumentUserStrings(archive, model.m_document_user_strings);
   for (const ONX_PlugInData& data : model.m_userdata_table) WritePlugInData(archive, data);

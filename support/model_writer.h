@@ -9,8 +9,10 @@
 // same bytes.
 //
 // Written are the comments, properties, units, render settings, render mesh parameters, views and
-// named views, the current layer, all tables but the dimension styles, lights, objects with meshes,
-// points, point clouds, clipping planes, curves, surfaces, breps, extrusions and SubDs, user strings
-// and the data of plug-ins. An object without geometry is written as an empty record of its class.
-// Not written are texture mappings of objects, display modes of views, and the page settings.
+// named views, the current layer, all tables, lights, objects with meshes, points, point clouds,
+// clipping planes, curves, surfaces, breps, extrusions, SubDs, block references and annotations,
+// user strings and the data of plug-ins. An object without geometry is written as an empty record
+// of its class. Not written are texture mappings of objects, display modes of views, the page
+// settings, what a dimension style has since version 6, and styles of annotations of their own but
+// for the height of a text.
 [[nodiscard]] std::string WriteModel(const ONX_Model& model);

@@ -4,6 +4,7 @@
 
 #include "host/archive/binary_archive.h"
 #include "host/archive/model.h"
+#include "host/geometry/on_annotation.h"
 #include "host/geometry/on_brep.h"
 #include "host/geometry/on_curve.h"
 #include "host/geometry/on_extrusion.h"
@@ -29,10 +30,15 @@ void WriteLayer(ON_BinaryArchive& archive, const ON_Layer& layer, int index);
 void WriteMaterial(ON_BinaryArchive& archive, const ON_Material& material, int index);
 void WriteLinetype(ON_BinaryArchive& archive, const ON_Linetype& linetype, int index);
 void WriteGroup(ON_BinaryArchive& archive, const ON_Group& group);
+// A dimension style, and the text style with its font, which stands at the same position.
+void WriteDimStyle(ON_BinaryArchive& archive, const ON_DimStyle& style, int index);
+void WriteTextStyle(ON_BinaryArchive& archive, const ON_DimStyle& style, int index);
 void WriteInstanceDefinition(ON_BinaryArchive& archive, const ON_InstanceDefinition& definition);
 
 void WriteLight(ON_BinaryArchive& archive, const ONX_ModelLight& light, int index);
-void WriteObject(ON_BinaryArchive& archive, const ONX_ModelObject& object);
+// Annotations name their style by its position among `styles`.
+void WriteObject(ON_BinaryArchive& archive, const ONX_ModelObject& object,
+                 const std::vector<ON_DimStyle>& styles);
 // The attributes without their chunk.
 void WriteAttributes(ON_BinaryArchive& archive, const ON_3dmObjectAttributes& attributes);
 // A geometry's data without a wrapper.
@@ -50,6 +56,10 @@ void WriteExtrusionData(ON_BinaryArchive& archive, const ON_Extrusion& extrusion
 void WriteSubDData(ON_BinaryArchive& archive, const ON_SubD& subd);
 // What a clipping plane has of a plane surface's data.
 void WritePlaneSurfaceData(ON_BinaryArchive& archive, const ON_PlaneSurface& surface);
+// The class of versions 4 and 5 that an annotation is written in, and its data.
+ON_UUID AnnotationClass(const ON_Annotation& annotation);
+void WriteAnnotationData(ON_BinaryArchive& archive, const ON_Annotation& annotation,
+                         const std::vector<ON_DimStyle>& styles);
 
 // The table of one plug-in.
 void WritePlugInData(ON_BinaryArchive& archive, const ONX_PlugInData& data);

@@ -9,6 +9,11 @@ inline void BeginAttributes(RibWriter& writer) {
   RibPrintf(writer, "AttributeBegin\n");
   writer.Indent += 2;
 }
+// The same for an object, with a blank line before it.
+inline void BeginObjectBlock(RibWriter& writer) {
+  RibPrintf(writer, "\n");
+  BeginAttributes(writer);
+}
 inline void EndAttributes(RibWriter& writer) {
   writer.Indent -= 2;
   RibPrintf(writer, "AttributeEnd\n");

@@ -45,13 +45,13 @@ const MaterialStatements& SceneMaterials::StatementsOf(const CRhinoObject& objec
 bool WriteObjectMaterial(RibWriter& writer, const CRhinoObject& object, SceneMaterials& materials,
                          bool useObjectNumber) {
   if (!materials.AreWritten()) return true;
-  if (object.ObjectType() == ON_ObjectType::light) return false;
+  if (object.ObjectType() == ON_ObjectType::light) return materials.AreBakedIntoMaps();
   WriteIdentifier(writer, object, useObjectNumber);
   const MaterialStatements& material = materials.StatementsOf(object);
   for (const MaterialStatement& statement : material.Statements) {
     WriteMaterialStatement(writer, statement);
   }
-  return material.WantsRenderMesh;
+  return material.WantsRenderMesh || materials.AreBakedIntoMaps();
 }
 
 }  // namespace orv

@@ -19,6 +19,8 @@ class SceneMaterials {
 
   // Whether the settings ask for materials at all.
   bool AreWritten() const { return settings_.WriteMaterials; }
+  // Whether maps are baked, for which surfaces must be render meshes whatever their material.
+  bool AreBakedIntoMaps() const { return settings_.BakeEnable && !settings_.BakeMesh; }
   const MaterialStatements& StatementsOf(const CRhinoObject& object);
 
  private:
@@ -29,7 +31,9 @@ class SceneMaterials {
 
 // Writes the identifier and the material of an object, where the settings ask for materials. With
 // `useObjectNumber` the identifier is the runtime serial number, else the object's name. A light
-// writes nothing. The result is WantsRenderMesh: the object must be written as a render mesh.
+// writes nothing. The result is WantsRenderMesh: the object must reach the
+// renderer as a render mesh, because of its material, for a bake of maps, or as the material isn't
+// known.
 bool WriteObjectMaterial(RibWriter& writer, const CRhinoObject& object, SceneMaterials& materials,
                          bool useObjectNumber);
 

@@ -1,12 +1,18 @@
 #include "export/object_walk.h"
 
+#include "export/annotation_writer.h"
 #include "export/attribute_block.h"
 #include "export/attribute_scope.h"
+#include "export/curve_writer.h"
+#include "export/line_look.h"
 #include "export/mesh_writer.h"
 #include "export/object_material.h"
-#include "host/geometry/on_mesh.h"
+#include "export/object_stream.h"
+#include "export/point_cloud_writer.h"
+#include "export/point_writer.h"
+#include "export/subd_writer.h"
+#include "export/surface_geometry.h"
 #include "host/system/interrupt.h"
-#include "shading/object_attributes.h"
 
 namespace orv {
 namespace {
@@ -14,90 +20,161 @@ namespace {
 constexpr int kFirstToonId = 100000;
 constexpr int kToonIdPerObject = 2;
 
+// The material comes from the placement of the block.
+bool HasMaterialOfParent(const RIBRhinoObject& record) {
+  return record.Parent != nullptr &&
+         record.Object->Attributes().MaterialSource() == ON_AttributeSource::parent;
+}
+
 // Writes the blocks of one export's objects.
 class ObjectWriter {
  public:
-  ObjectWriter(RibWriter& writer, const CRhinoDoc& doc, const RenderSettings& settings,
-               bool useObjectNumbers, TextureConverter& textures)
-      : writer_(writer),
-        doc_(doc),
-        settings_(settings),
-        useObjectNumbers_(useObjectNumbers),
-        materials_(settings, textures) {}
+  ObjectWriter(const ObjectStream& stream, BlockIds& blocks) : stream_(stream), blocks_(blocks) {}
 
   // False when a writer has failed.
-  [[nodiscard]] bool Write(const RIBRhinoObject& piece) {
-    const ON_Geometry* geometry = piece.Object->Geometry();
-    if (geometry == nullptr || !piece.Object->IsVisible()) return true;
-    if (geometry->HasBrepForm()) return WriteSurface(*piece.Object);
-    if (const ON_Mesh* mesh = ON_Mesh::Cast(geometry)) return WriteMeshObject(*piece.Object, *mesh);
-    // Curves, point clouds and points. Annotations.
+  [[nodiscard]] bool Write(const RIBRhinoObject& record) {
+    const ON_Geometry* geometry = record.Object->Geometry();
+    if (geometry == nullptr || !IsShown(record)) return true;
+    if (geometry->HasBrepForm()) return WriteSurface(record, *geometry);
+    if (const ON_Mesh* mesh = ON_Mesh::Cast(geometry)) return WriteMeshObject(record, *mesh);
+    if (const ON_SubD* subd = ON_SubD::Cast(geometry)) return WriteSubDObject(record, *subd);
+    if (stream_.Settings.RenderCurves) WriteCurveOrPoints(record, *geometry);
+    if (stream_.Settings.RenderDimensions) WriteDimension(*record.Object);
     return true;
   }
 
  private:
-  void BeginBlock() {
-    RibPrintf(writer_, "\n");
-    BeginAttributes(writer_);
+  enum class Kind { Surface, Mesh };
+  // What became of an object's body.
+  enum class Body { Written, Replaced, Failed };
+
+  bool WriteMaterial(const CRhinoObject& object) {
+    return WriteObjectMaterial(stream_.Writer, object, stream_.Materials, stream_.UseObjectNumbers);
   }
 
-  // What stands in the block before the geometry. True when an archive takes the geometry's place.
-  bool WriteLook(const CRhinoObject& object, const ObjectAttributes& attributes) {
+  bool WriteSurface(const RIBRhinoObject& record, const ON_Geometry& geometry) {
+    std::shared_ptr<const ON_Brep> brep;
+    // An object with an archive has a brep form, which isn't needed again.
+    if (!record.IsPiece || !blocks_.Contains(record.Object->RuntimeSerialNumber())) {
+      brep = BrepFormOf(geometry);
+      if (brep == nullptr) return true;
+    }
+    return WriteBlock(
+        record, Kind::Surface, [&](const ObjectAttributes& attributes, bool wantsRenderMesh) {
+          return WriteSurfaceGeometry(stream_, *record.Object, *brep, attributes, wantsRenderMesh);
+        });
+  }
+
+  bool WriteMeshObject(const RIBRhinoObject& record, const ON_Mesh& mesh) {
+    return WriteBlock(record, Kind::Mesh, [&](const ObjectAttributes& attributes, bool) {
+      return mesh.FaceCount() == 0 ||
+             WriteMesh(stream_.Writer, mesh, attributes.WeldPolyVerts, attributes.SubdivisionMesh);
+    });
+  }
+
+  bool WriteSubDObject(const RIBRhinoObject& record, const ON_SubD& subd) {
+    return WriteBlock(record, Kind::Mesh, [&](const ObjectAttributes&, bool) {
+      return WriteSubD(stream_.Writer, subd);
+    });
+  }
+
+  // The block of a surface or a mesh. `writeGeometry` is false when it has failed.
+  template <class WriteGeometry>
+  bool WriteBlock(const RIBRhinoObject& record, Kind kind, WriteGeometry writeGeometry) {
+    RibWriter& writer = stream_.Writer;
+    BeginObjectBlock(writer);
+    const ArchiveUse archive = UseOfArchive(record, blocks_);
+    if (kind == Kind::Surface) WriteToonId();
     // Maps of a bake pass.
-    WriteGroups(writer_, object, doc_);
-    // Whether a surface must be a render mesh doesn't matter yet.
-    static_cast<void>(WriteObjectMaterial(writer_, object, materials_, useObjectNumbers_));
-    return WriteAttributeBlock(writer_, object, attributes, settings_);
-  }
-
-  bool WriteSurface(const CRhinoObject& object) {
-    BeginBlock();
-    if (settings_.Outline && settings_.ToonId == kToonIdPerObject) {
-      RibPrintf(writer_, "Attribute \"toon\" \"id\" [%d]\n", nextToonId_++);
-    }
-    // Render meshes or NURBS follow, unless an archive has taken their place.
-    static_cast<void>(WriteLook(object, ReadObjectAttributes(object)));
-    EndAttributes(writer_);
+    WriteGroups(writer, *record.Object, stream_.Doc);
+    Body body = Body::Written;
+    if (archive.WriteBody) body = WriteBody(record, kind, archive.Defining, writeGeometry);
+    if (body == Body::Failed) return false;
+    if (record.IsPiece && body != Body::Replaced) WritePlace(record);
+    EndAttributes(writer);
     return true;
   }
 
-  bool WriteMeshObject(const CRhinoObject& object, const ON_Mesh& mesh) {
+  void WriteToonId() {
+    if (!stream_.Settings.Outline || stream_.Settings.ToonId != kToonIdPerObject) return;
+    RibPrintf(stream_.Writer, "Attribute \"toon\" \"id\" [%d]\n", nextToonId_++);
+  }
+
+  // Material, attributes and geometry. What replaces the geometry leaves an archive open.
+  template <class WriteGeometry>
+  Body WriteBody(const RIBRhinoObject& record, Kind kind, bool defining,
+                 WriteGeometry writeGeometry) {
+    const bool wantsRenderMesh = BeginBody(record, kind, defining);
+    const ObjectAttributes attributes = ReadObjectAttributes(*record.Object);
+    if (WriteAttributeBlock(stream_.Writer, *record.Object, attributes, stream_.Settings)) {
+      return Body::Replaced;
+    }
+    if (!writeGeometry(attributes, wantsRenderMesh)) return Body::Failed;
+    if (defining) EndArchive(stream_.Writer);
+    return Body::Written;
+  }
+
+  // Writes the material, and opens the archive where there is one: behind the placement's material,
+  // which a mesh doesn't write here, or before the object's own. True when the object must be
+  // written as a render mesh.
+  bool BeginBody(const RIBRhinoObject& record, Kind kind, bool defining) {
+    const bool ofParent = HasMaterialOfParent(record);
+    bool wantsRenderMesh = false;
+    if (ofParent && kind == Kind::Surface) wantsRenderMesh = WriteMaterial(*record.Parent);
+    if (defining) BeginArchive(stream_.Writer, *record.Object);
+    if (!ofParent) wantsRenderMesh = WriteMaterial(*record.Object);
+    return wantsRenderMesh;
+  }
+
+  void WritePlace(const RIBRhinoObject& piece) {
+    if (HasMaterialOfParent(piece)) WriteMaterial(*piece.Parent);
+    WriteArchiveInstance(stream_.Writer, piece);
+  }
+
+  // What the settings must ask for. Points are written where they stand in a block's definition.
+  void WriteCurveOrPoints(const RIBRhinoObject& record, const ON_Geometry& geometry) {
+    const CRhinoObject& object = *record.Object;
     const ObjectAttributes attributes = ReadObjectAttributes(object);
-    BeginBlock();
-    const bool isReplaced = WriteLook(object, attributes);
-    if (!isReplaced && mesh.FaceCount() > 0 &&
-        !WriteMesh(writer_, mesh, attributes.WeldPolyVerts, attributes.SubdivisionMesh)) {
-      return false;
+    if (const ON_Curve* curve = ON_Curve::Cast(&geometry)) {
+      WriteCurve(record, *curve, attributes);
+    } else if (const ON_PointCloud* cloud = ON_PointCloud::Cast(&geometry)) {
+      WritePointCloud(stream_, object, *cloud, attributes);
+    } else if (const ON_Point* point = ON_Point::Cast(&geometry)) {
+      WritePointObject(stream_, object, *point, attributes);
     }
-    EndAttributes(writer_);
-    return true;
   }
 
-  RibWriter& writer_;
-  const CRhinoDoc& doc_;
-  const RenderSettings& settings_;
-  bool useObjectNumbers_;
-  SceneMaterials materials_;
+  void WriteDimension(const CRhinoObject& object) {
+    const auto* annotation = CRhinoAnnotationObject::Cast(&object);
+    if (annotation != nullptr) WriteAnnotation(stream_, *annotation, ReadObjectAttributes(object));
+  }
+
+  void WriteCurve(const RIBRhinoObject& record, const ON_Curve& curve,
+                  const ObjectAttributes& attributes) {
+    if (SkipsLines(attributes)) return;
+    RibWriter& writer = stream_.Writer;
+    BeginObjectBlock(writer);
+    const ArchiveUse archive = UseOfArchive(record, blocks_);
+    if (archive.Defining) BeginArchive(writer, *record.Object);
+    if (archive.WriteBody) WriteCurveBody(stream_, *record.Object, curve, attributes);
+    if (archive.Defining) EndArchive(writer);
+    if (record.IsPiece) WriteArchiveInstance(writer, record);
+    EndAttributes(writer);
+  }
+
+  const ObjectStream& stream_;
+  BlockIds& blocks_;
   int nextToonId_ = kFirstToonId;
 };
 
 }  // namespace
 
-std::vector<RIBRhinoObject> FlattenObjects(const ObjectList& objects) {
-  std::vector<RIBRhinoObject> pieces;
-  pieces.reserve(objects.size());
-  for (const CRhinoObject* object : objects) {
-    // Pieces of block placements.
-    if (object->ObjectType() == ON_ObjectType::instance_reference) continue;
-    pieces.emplace_back().Object = object;
-  }
-  return pieces;
-}
-
 bool WriteObjects(RibWriter& writer, const CRhinoDoc& doc,
                   const std::vector<RIBRhinoObject>& objects, const RenderSettings& settings,
-                  const IprSettings* iprSettings, TextureConverter& textures) {
-  ObjectWriter objectWriter(writer, doc, settings, iprSettings != nullptr, textures);
+                  const IprSettings* iprSettings, TextureConverter& textures, BlockIds& blocks) {
+  SceneMaterials materials(settings, textures);
+  const ObjectStream stream{writer, doc, settings, materials, iprSettings != nullptr};
+  ObjectWriter objectWriter(stream, blocks);
   for (const RIBRhinoObject& object : objects) {
     if (host::InterruptRequested()) return false;
     if (writer.HasError()) return true;

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "export/camera.h"
 #include "export/frame.h"
@@ -15,6 +16,7 @@
 #include "export/rib_writer.h"
 #include "export/sampling.h"
 #include "export/scene_options.h"
+#include "export/surface_geometry.h"
 #include "export/view_choice.h"
 #include "host/document/app.h"
 #include "host/system/file.h"
@@ -74,13 +76,15 @@ bool WriteScene(RibWriter& writer, const Scene& scene) {
     BeginWorld(writer);
     if (!WriteLights(writer, scene)) return false;
   }
-  // Render meshes of all surfaces.
-  if (!WriteObjects(writer, scene.doc, FlattenObjects(scene.objects), settings, scene.iprSettings,
-                    scene.textures)) {
+  const std::vector<RIBRhinoObject> pieces = FlattenObjects(scene.objects);
+  PrepareRenderMeshes(pieces, settings);
+  BlockIds blocks;
+  if (!WriteObjects(writer, scene.doc, pieces, settings, scene.iprSettings, scene.textures,
+                    blocks)) {
     return false;
   }
   if (!settings.ArchiveOnly) {
-    // Freed block archives.
+    FreeArchives(writer, blocks);
     EndWorld(writer);
     EndFrame(writer, settings);
   }

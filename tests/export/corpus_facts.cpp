@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <map>
+#include <string>
+#include <utility>
 
 #include "host/archive/model_reader.h"
 #include "support/model_corpus.h"
@@ -53,4 +56,56 @@ bool IsVisible(const Json& facts, const Json& attributes) {
   const int mode = attributes.value("mode", 0);
   return (mode == 0 || mode == 2) && attributes.value("visible", true) &&
          IsLayerVisible(facts["layers"], attributes.value("layer_index", 0));
+}
+
+namespace {
+
+class ShownObjectList {
+ public:
+  explicit ShownObjectList(const Json& facts) : facts_(facts) {
+    for (const Json& object : facts["objects"]) {
+      if (!object["uuid"].is_null()) by_id_[object["uuid"]] = &object;
+    }
+  }
+
+  void Add(const Json& object, bool isPiece) {
+    if (object["type"] == "instance_reference") {
+      return AddBlock(object["geometry"]["definition_uuid"]);
+    }
+    const auto [known, isNew] = positions_.try_emplace(&object, shown_.size());
+    if (isNew) shown_.push_back({&object, 0});
+    if (isPiece) ++shown_[known->second].pieces;
+  }
+  std::vector<ShownObject> Take() { return std::move(shown_); }
+
+ private:
+  void AddBlock(const Json& id) {
+    for (const Json& block : facts_["instance_definitions"]) {
+      if (block["uuid"] != id) continue;
+      for (const Json& member : block["objects"]) {
+        const auto found = by_id_.find(member);
+        if (found == by_id_.end()) continue;
+        Json attributes = (*found->second)["attributes"];
+        constexpr int kMemberMode = 3;
+        if (attributes.value("mode", 0) == kMemberMode) attributes["mode"] = 0;
+        if (IsVisible(facts_, attributes)) Add(*found->second, true);
+      }
+    }
+  }
+
+  const Json& facts_;
+  std::map<std::string, const Json*> by_id_;
+  std::map<const Json*, std::size_t> positions_;
+  std::vector<ShownObject> shown_;
+};
+
+}  // namespace
+
+std::vector<ShownObject> ShownObjects(const Json& facts) {
+  ShownObjectList list(facts);
+  for (const Json& object : facts["objects"]) {
+    const bool isMember = object.value("in_instance_definition", false);
+    if (!isMember && IsVisible(facts, object["attributes"])) list.Add(object, false);
+  }
+  return list.Take();
 }

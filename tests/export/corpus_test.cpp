@@ -41,7 +41,7 @@ std::size_t CountOf(std::string_view text, std::string_view word) {
   return count;
 }
 
-// Vertices and their sum over several meshes.
+// Vertices and their sum over several polygon meshes.
 struct VertexSum {
   std::size_t count = 0;
   std::array<double, 3> sum{};
@@ -50,11 +50,11 @@ struct VertexSum {
 };
 
 VertexSum VerticesInStream(std::string_view rib) {
-  constexpr std::string_view kMeshPoints = "\"P\" [ ";
+  constexpr std::string_view kMesh = "PointsPolygons [ ";
   VertexSum result;
-  for (std::size_t at = rib.find(kMeshPoints); at != std::string_view::npos;
-       at = rib.find(kMeshPoints, at + 1)) {
-    const std::vector<double> numbers = NumbersAfter(rib, at);
+  for (std::size_t at = rib.find(kMesh); at != std::string_view::npos;
+       at = rib.find(kMesh, at + 1)) {
+    const std::vector<double> numbers = NumbersAfter(rib, rib.find("\"P\" [ ", at));
     EXPECT_EQ(numbers.size() % 3, 0U);
     result.count += numbers.size() / 3;
     for (std::size_t i = 0; i < numbers.size(); ++i) {
@@ -65,15 +65,12 @@ VertexSum VerticesInStream(std::string_view rib) {
   return result;
 }
 
-bool IsVisibleMesh(const Json& facts, const Json& object) {
-  return object["type"] == "mesh" && !object.value("in_instance_definition", false) &&
-         IsVisible(facts, object["attributes"]);
-}
-
+// Those of block definitions once, where they are placed.
 std::vector<Json> VisibleMeshesWithFaces(const Json& facts) {
   std::vector<Json> meshes;
-  for (const Json& object : facts["objects"]) {
-    if (IsVisibleMesh(facts, object) && object["geometry"]["F"].get<int>() > 0) {
+  for (const ShownObject& shown : ShownObjects(facts)) {
+    const Json& object = *shown.object;
+    if (object["type"] == "mesh" && object["geometry"]["F"].get<int>() > 0) {
       meshes.push_back(object["geometry"]);
     }
   }
@@ -152,7 +149,7 @@ void ExpectCamera(const std::string& rib, const Json& view) {
 }
 
 void ExpectMeshes(const std::string& rib, const std::vector<Json>& meshes) {
-  EXPECT_EQ(CountOf(rib, "PointsPolygons") + CountOf(rib, "SubdivisionMesh"), meshes.size());
+  EXPECT_EQ(CountOf(rib, "PointsPolygons"), meshes.size());
   VertexSum expected;
   for (const Json& mesh : meshes) {
     expected.count += mesh["V"].get<std::size_t>();
@@ -170,6 +167,8 @@ void ExpectMeshes(const std::string& rib, const std::vector<Json>& meshes) {
 using CorpusTest = ExportTest;
 
 TEST_F(CorpusTest, EveryDocumentBecomesAScene) {
+  // Surfaces must not become meshes.
+  settings_.RenderMesh = 0;
   const bool hasCorpus = ForEachDocument([this](const Json& facts, const auto& path) {
     doc_.SetModel(ReadDocument(path), path.string());
     const std::string rib = Rib();

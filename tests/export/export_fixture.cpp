@@ -96,7 +96,8 @@ ExportTest::~ExportTest() {
 }
 
 int ExportTest::ExportTo(std::string_view path) {
-  return orv::ExportSceneRib(path, doc_, options_, reparameterize_, "", settings_, iprSettings_, textures_);
+  return orv::ExportSceneRib(path, doc_, options_, reparameterize_, "", settings_, iprSettings_,
+                             textures_);
 }
 
 std::string ExportTest::Rib() {

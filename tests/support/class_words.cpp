@@ -28,3 +28,7 @@ const std::map<std::string, std::string>& ClassWords() {
   };
   return words;
 }
+
+bool IsReadClass(const std::string& class_name) {
+  return class_name != "ON_DetailView" && class_name != "ON_Hatch" && class_name != "ON_TextDot";
+}

@@ -54,6 +54,18 @@ bool LoopsAreClosed(const ON_Brep& brep, const ON_BrepFace& face) {
   });
 }
 
+// A trim without an edge is singular, and no other is.
+void SetSingular(ON_Brep& brep) {
+  using enum ON_BrepTrim::Type;
+  for (ON_BrepTrim& trim : brep.m_T) {
+    if (trim.m_ei == -1) {
+      trim.m_type = singular;
+    } else if (trim.m_type == singular) {
+      trim.m_type = unknown;
+    }
+  }
+}
+
 // Sets what follows from the other direction: which edges a vertex has, which trims an edge has,
 // and of which loop and face the trims and loops are.
 void SetOwners(ON_Brep& brep) {
@@ -82,6 +94,7 @@ bool LinkBrep(ON_BinaryArchive& archive, ON_Brep& brep) {
   DropUnlisted(brep);
   if (!BrepNamesAreValid(brep)) return archive.Fail("a brep whose parts don't fit together");
   CutToDomains(brep);
+  SetSingular(brep);
   LeaveOutUnusableFaces(brep);
   if (brep.m_F.empty()) return archive.Fail("a brep without a face that can be used");
   for (const ON_BrepFace& face : brep.m_F) {

@@ -30,7 +30,6 @@ struct UnreadTable {
 constexpr std::array kUnreadTables{
     UnreadTable{TCODE_BITMAP_TABLE, "embedded bitmap"},
     UnreadTable{TCODE_TEXTURE_MAPPING_TABLE, "texture mapping"},
-    UnreadTable{TCODE_FONT_TABLE, "text style"},
     UnreadTable{TCODE_HATCHPATTERN_TABLE, "hatch pattern"},
     UnreadTable{TCODE_HISTORYRECORD_TABLE, "history record"},
 };
@@ -62,6 +61,7 @@ class ModelReader {
   ONX_Model& model_;
   ProblemList problems_;
   UnreadCounter unread_;
+  std::vector<TextStyle> text_styles_;
   int whole_tables_ = 0;
   bool ended_ = false;
 };
@@ -122,9 +122,14 @@ bool ModelReader::ReadTableContent(const Record& table) {
     case TCODE_GROUP_TABLE:
       return ReadRecordTable(TCODE_GROUP_RECORD, "group", model_.m_group_table, left_out,
                              ReadGroup);
+    case TCODE_FONT_TABLE:
+      return ReadRecordTable(TCODE_FONT_RECORD, "text style", text_styles_, keeps_place,
+                             ReadTextStyle);
     case TCODE_DIMSTYLE_TABLE:
       return ReadRecordTable(TCODE_DIMSTYLE_RECORD, "dimension style", model_.m_dimstyle_table,
-                             keeps_place, ReadDimStyle);
+                             keeps_place, [this](ON_BinaryArchive& archive, ON_DimStyle& style) {
+                               return ReadDimStyle(archive, style, text_styles_);
+                             });
     case TCODE_INSTANCE_DEFINITION_TABLE:
       return ReadRecordTable(TCODE_INSTANCE_DEFINITION_RECORD, "block definition",
                              model_.m_idef_table, left_out, ReadInstanceDefinition);
@@ -134,7 +139,8 @@ bool ModelReader::ReadTableContent(const Record& table) {
     case TCODE_OBJECT_TABLE:
       return ReadRecordTable(TCODE_OBJECT_RECORD, "object", model_.m_object_table, left_out,
                              [this](ON_BinaryArchive& archive, ONX_ModelObject& object) {
-                               return ReadObjectRecord(archive, object, unread_);
+                               return ReadObjectRecord(archive, object, unread_,
+                                                       {model_.m_dimstyle_table, text_styles_});
                              });
     case TCODE_USER_TABLE:
       return ReadPlugInData(table.span);

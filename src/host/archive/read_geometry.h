@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "host/archive/binary_archive.h"
+#include "host/geometry/on_instance_ref.h"
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_point_cloud.h"
@@ -26,5 +27,7 @@ void ReadMeshUserData(ON_BinaryArchive& archive, const ON_UUID& class_id, ON_Mes
 // A clipping plane. Fails when it has no plane to cut with: a coordinate of the origin or the
 // normal is no number, or the normal is zero.
 [[nodiscard]] bool ReadClippingPlane(ON_BinaryArchive& archive, ON_ClippingPlaneSurface& surface);
+// Where a block is placed. Fails when a number of the transform isn't finite.
+[[nodiscard]] bool ReadInstanceRef(ON_BinaryArchive& archive, ON_InstanceRef& reference);
 
 }  // namespace host

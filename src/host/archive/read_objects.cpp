@@ -2,6 +2,7 @@
 
 #include "host/archive/class_names.h"
 #include "host/archive/class_wrapper.h"
+#include "host/archive/read_annotation.h"
 #include "host/archive/read_attributes.h"
 #include "host/archive/read_brep.h"
 #include "host/archive/read_curve.h"
@@ -17,6 +18,7 @@ namespace {
 constexpr ON_UUID kPointClass = "c3101a1d-f157-11d3-bfe7-0010830122f0"_uuid;
 constexpr ON_UUID kPointCloudClass = "2488f347-f8fa-11d3-bfec-0010830122f0"_uuid;
 constexpr ON_UUID kClippingPlaneClass = "dbc5a584-ce3f-4170-98a8-497069ca5c36"_uuid;
+constexpr ON_UUID kInstanceRefClass = "f9cfb638-b9d4-4340-87e3-c56e7865d96a"_uuid;
 
 // Reads the data and the user data of the class wrapper that is the open chunk, behind its id.
 template <class T>
@@ -57,8 +59,23 @@ bool ReadGeometryWith(std::shared_ptr<ON_Geometry> (*read_data)(ON_BinaryArchive
   return true;
 }
 
+bool ReadAnnotationObject(ON_BinaryArchive& archive, ONX_ModelObject& object,
+                          const AnnotationStyles& styles) {
+  const auto annotation = std::make_shared<ON_Annotation>();
+  if (!BeginReadClassData(archive)) return false;
+  const bool read = ReadAnnotation(archive, object.m_class_id, styles, *annotation);
+  if (!archive.EndRead3dmChunk() || !read) return false;
+  const UserDataReader reader = [&](ON_BinaryArchive& payload, const ON_UUID& class_id) {
+    ReadAnnotationUserData(payload, class_id, *annotation);
+  };
+  if (!ReadUserData(archive, &annotation->m_user_strings, reader)) return false;
+  object.m_geometry = annotation;
+  return true;
+}
+
 // Reads the class wrapper that is the open chunk.
-bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCounter& unread) {
+bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCounter& unread,
+                  const AnnotationStyles& styles) {
   if (!ReadClassId(archive, &object.m_class_id)) return false;
   const ON_UUID& id = object.m_class_id;
   if (id == kMeshClass) {
@@ -71,9 +88,13 @@ bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCoun
   if (id == kClippingPlaneClass) {
     return ReadGeometryOf<ON_ClippingPlaneSurface>(archive, ReadClippingPlane, object.m_geometry);
   }
+  if (id == kInstanceRefClass) {
+    return ReadGeometryOf<ON_InstanceRef>(archive, ReadInstanceRef, object.m_geometry);
+  }
   if (IsCurveClass(id)) return ReadGeometryWith(ReadCurveOf, archive, object);
   if (IsSurfaceClass(id)) return ReadGeometryWith(ReadSurfaceOf, archive, object);
   if (IsBrepClass(id)) return ReadGeometryOf<ON_Brep>(archive, ReadBrep, object.m_geometry);
+  if (IsAnnotationClass(id)) return ReadAnnotationObject(archive, object, styles);
   if (id == kExtrusionClass) {
     return ReadGeometryOf<ON_Extrusion>(archive, ReadExtrusion, object.m_geometry);
   }
@@ -84,13 +105,14 @@ bool ReadGeometry(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCoun
 
 // A chunk of the record that is open, of the kind `typecode`.
 bool ReadObjectPart(ON_BinaryArchive& archive, std::uint32_t typecode, std::int64_t value,
-                    ONX_ModelObject& object, UnreadCounter& unread) {
+                    ONX_ModelObject& object, UnreadCounter& unread,
+                    const AnnotationStyles& styles) {
   switch (typecode) {
     case TCODE_OBJECT_RECORD_TYPE:
       object.m_object_type = static_cast<unsigned>(value);
       return true;
     case TCODE_OPENNURBS_CLASS:
-      return ReadGeometry(archive, object, unread);
+      return ReadGeometry(archive, object, unread, styles);
     case TCODE_OBJECT_RECORD_ATTRIBUTES:
       return ReadAttributes(archive, object.m_attributes);
     case TCODE_OBJECT_RECORD_ATTRIBUTES_USERDATA:
@@ -116,13 +138,14 @@ void UnreadCounter::Add(std::string_view kind) {
   ++found->m_count;
 }
 
-bool ReadObjectRecord(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCounter& unread) {
+bool ReadObjectRecord(ON_BinaryArchive& archive, ONX_ModelObject& object, UnreadCounter& unread,
+                      const AnnotationStyles& styles) {
   bool has_class = false;
   while (archive.BytesLeft() > 0) {
     std::uint32_t typecode = 0;
     std::int64_t value = 0;
     if (!archive.BeginRead3dmChunk(&typecode, &value)) return false;
-    const bool read = ReadObjectPart(archive, typecode, value, object, unread);
+    const bool read = ReadObjectPart(archive, typecode, value, object, unread, styles);
     if (!archive.EndRead3dmChunk() || !read) return false;
     has_class = has_class || typecode == TCODE_OPENNURBS_CLASS;
     if (typecode == TCODE_OBJECT_RECORD_END) break;

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "host/archive/annotation_styles.h"
 #include "host/archive/binary_archive.h"
 #include "host/archive/model.h"
 
@@ -29,15 +31,18 @@ class UnreadCounter {
 [[nodiscard]] bool ReadMaterial(ON_BinaryArchive& archive, ON_Material& material);
 [[nodiscard]] bool ReadGroup(ON_BinaryArchive& archive, ON_Group& group);
 [[nodiscard]] bool ReadLinetype(ON_BinaryArchive& archive, ON_Linetype& linetype);
-[[nodiscard]] bool ReadDimStyle(ON_BinaryArchive& archive, ON_DimStyle& style);
+[[nodiscard]] bool ReadTextStyle(ON_BinaryArchive& archive, TextStyle& style);
+// Up to version 5 a style names its font by its position in the table of text styles.
+[[nodiscard]] bool ReadDimStyle(ON_BinaryArchive& archive, ON_DimStyle& style,
+                                std::span<const TextStyle> text_styles = {});
 [[nodiscard]] bool ReadInstanceDefinition(ON_BinaryArchive& archive,
                                           ON_InstanceDefinition& definition);
 // Light and attributes; m_span is the caller's.
 [[nodiscard]] bool ReadLightRecord(ON_BinaryArchive& archive, ONX_ModelLight& light);
 // Geometry, where its class is read, and attributes; m_span is the caller's. An object of another
-// class is a success without geometry, counted in `unread`.
+// class is a success without geometry, counted in `unread`. `styles` are those of the document.
 [[nodiscard]] bool ReadObjectRecord(ON_BinaryArchive& archive, ONX_ModelObject& object,
-                                    UnreadCounter& unread);
+                                    UnreadCounter& unread, const AnnotationStyles& styles = {});
 
 // The plug-in id under which a document keeps its own user strings in a user table.
 inline constexpr ON_UUID kDocumentUserStringsId = "06f3218e-f5ec-4f6c-b74c-14583f0ed7bc"_uuid;

@@ -34,6 +34,7 @@ inline constexpr std::uint32_t TCODE_LAYER_RECORD = 0x20008050;
 inline constexpr std::uint32_t TCODE_LIGHT_RECORD = 0x20008060;
 inline constexpr std::uint32_t TCODE_OBJECT_RECORD = 0x20008070;
 inline constexpr std::uint32_t TCODE_GROUP_RECORD = 0x20008073;
+inline constexpr std::uint32_t TCODE_FONT_RECORD = 0x20008074;
 inline constexpr std::uint32_t TCODE_DIMSTYLE_RECORD = 0x20008075;
 inline constexpr std::uint32_t TCODE_INSTANCE_DEFINITION_RECORD = 0x20008076;
 inline constexpr std::uint32_t TCODE_LINETYPE_RECORD = 0x20008078;

@@ -1,5 +1,6 @@
 #include "host/command/describe.h"
 #include "host/document/doc.h"
+#include "host/document/instance_object.h"
 #include "host/geometry/on_curve.h"
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_point_cloud.h"
@@ -63,12 +64,19 @@ std::string CurveText(const ON_Curve& curve) {
   return points == 0 ? text : text + host::Format(", %d points", points);
 }
 
+std::string BlockText(const CRhinoInstanceObject& placement) {
+  const ON_InstanceDefinition* block = placement.InstanceDefinition();
+  if (block == nullptr) return "a block that the document lacks";
+  return "block " + NameOr(block->m_name, "without a name");
+}
+
 std::string GeometryText(const CRhinoObject& object) {
   if (const ON_Mesh* mesh = ON_Mesh::Cast(object.Geometry())) return MeshText(*mesh);
   if (const ON_PointCloud* cloud = ON_PointCloud::Cast(object.Geometry())) {
     return host::Format("%d points", cloud->PointCount());
   }
   if (const ON_Curve* curve = ON_Curve::Cast(object.Geometry())) return CurveText(*curve);
+  if (const auto* placement = CRhinoInstanceObject::Cast(&object)) return BlockText(*placement);
   return object.Geometry() == nullptr ? "not read" : std::string();
 }
 
@@ -94,8 +102,7 @@ std::string DescribeObject(const CRhinoDoc& doc, const CRhinoObject& object) {
   AddLine(text, "groups", GroupText(doc, attributes));
   AddLine(text, "state", StateText(object));
   AddLine(text, "geometry", GeometryText(object));
-  const ON_BoundingBox box =
-      object.Geometry() == nullptr ? ON_BoundingBox() : object.Geometry()->BoundingBox();
+  const ON_BoundingBox box = object.BoundingBox();
   if (box.IsValid()) AddLine(text, "box", PointText(box.m_min) + " to " + PointText(box.m_max));
   AddUserStrings(text, "user string", attributes);
   if (object.Geometry() != nullptr) AddUserStrings(text, "user string", *object.Geometry());

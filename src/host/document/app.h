@@ -31,6 +31,8 @@ class CRhinoApp {
   host::CommandWindow& CommandWindow() { return window_; }
 
   const CRhinoAppSettings& AppSettings() const { return settings_; }
+  // The render application whose texture mappings of objects count: the host's own.
+  ON_UUID GetDefaultRenderApp() const { return "5dc0192d-73dc-44f5-9141-8e72542e792d"_uuid; }
 
   // Those that are told of changes of the document. Never null.
   const std::shared_ptr<EventWatcherList>& EventWatchers() const { return watchers_; }

@@ -2,9 +2,12 @@
 
 #include <utility>
 
+#include "host/document/annotation_object.h"
 #include "host/document/app.h"
+#include "host/document/block_contents.h"
 #include "host/document/clipping_plane_object.h"
 #include "host/document/default_views.h"
+#include "host/document/instance_object.h"
 #include "host/document/new_id.h"
 
 namespace {
@@ -13,6 +16,12 @@ std::unique_ptr<CRhinoObject> NewObject(CRhinoDoc& doc, unsigned serial_number,
                                         ONX_ModelObject object) {
   if (ON_ClippingPlaneSurface::Cast(object.m_geometry.get()) != nullptr) {
     return std::make_unique<CRhinoClippingPlaneObject>(doc, serial_number, std::move(object));
+  }
+  if (ON_InstanceRef::Cast(object.m_geometry.get()) != nullptr) {
+    return std::make_unique<CRhinoInstanceObject>(doc, serial_number, std::move(object));
+  }
+  if (ON_Annotation::Cast(object.m_geometry.get()) != nullptr) {
+    return std::make_unique<CRhinoAnnotationObject>(doc, serial_number, std::move(object));
   }
   return std::make_unique<CRhinoObject>(doc, serial_number, std::move(object));
 }
@@ -34,7 +43,7 @@ void CRhinoDoc::SetModel(ONX_Model model, std::string path) {
   m_layer_table = CRhinoLayerTable(std::move(model.m_layer_table), this);
   m_material_table = CRhinoMaterialTable(std::move(model.m_material_table), this);
   m_group_table = CRhinoGroupTable(std::move(model.m_group_table));
-  m_linetype_table = CRhinoLinetypeTable(std::move(model.m_linetype_table));
+  m_linetype_table = CRhinoLinetypeTable(std::move(model.m_linetype_table), this);
   m_dimstyle_table = CRhinoDimStyleTable(std::move(model.m_dimstyle_table));
   m_instance_definition_table = CRhinoInstanceDefinitionTable(std::move(model.m_idef_table));
   m_user_strings = std::move(model.m_document_user_strings);
@@ -55,7 +64,7 @@ void CRhinoDoc::SetModel(ONX_Model model, std::string path) {
 IdMap<ON_UUID> CRhinoDoc::AddObjects(std::vector<ONX_ModelObject> objects,
                                      std::vector<ONX_ModelLight> lights) {
   ++content_number_;
-  visible_box_.reset();
+  ForgetWhatIsShown();
   const std::size_t count = by_id_.size() + objects.size() + lights.size();
   by_id_.reserve(count);
   by_serial_number_.reserve(count);
@@ -104,6 +113,17 @@ void CRhinoDoc::MarkDefinitionMembers() {
       if (CRhinoObject* object = LookupObject(id)) object->listed_in_definition_ = true;
     }
   }
+  ForgetWhatIsShown();
+}
+
+void CRhinoDoc::ForgetWhatIsShown() {
+  visible_box_.reset();
+  blocks_.reset();
+}
+
+const BlockContents& CRhinoDoc::Blocks() const {
+  if (blocks_ == nullptr) blocks_ = std::make_unique<BlockContents>(*this);
+  return *blocks_;
 }
 
 CRhinoObject* CRhinoDoc::LookupObject(const ON_UUID& id) const {
@@ -120,8 +140,7 @@ ON_BoundingBox CRhinoDoc::BoundingBox() const {
   if (!visible_box_) {
     visible_box_.emplace();
     for (const auto& object : objects_) {
-      if (object->Geometry() == nullptr || !object->IsVisible()) continue;
-      visible_box_->Include(object->Geometry()->BoundingBox());
+      if (object->IsVisible()) visible_box_->Include(object->BoundingBox());
     }
   }
   return *visible_box_;

@@ -18,6 +18,8 @@
 #include "host/document/view.h"
 #include "host/geometry/on_settings.h"
 
+class BlockContents;
+
 class CRhinoDocProperties {
  public:
   const ON_3dmUnitsAndTolerances& ModelUnitsAndTolerances() const {
@@ -61,7 +63,7 @@ class CRhinoDoc {
   CRhinoMaterialTable m_material_table{{}, this};
   CRhinoLightTable m_light_table{*this};
   CRhinoGroupTable m_group_table;
-  CRhinoLinetypeTable m_linetype_table;
+  CRhinoLinetypeTable m_linetype_table{{}, this};
   CRhinoDimStyleTable m_dimstyle_table;
   CRhinoInstanceDefinitionTable m_instance_definition_table;
   ON_UserStringList m_user_strings;
@@ -74,6 +76,8 @@ class CRhinoDoc {
   // An object or light; null when there is none.
   CRhinoObject* LookupObject(const ON_UUID& id) const;
   CRhinoObject* LookupObject(unsigned runtime_serial_number) const;
+  // What the block definitions show. Valid until the document changes.
+  const BlockContents& Blocks() const;
   // The box of all visible objects, lights not counted; not valid when there is none.
   ON_BoundingBox BoundingBox() const;
   // Replaces the attributes of an object or light; its id stays. An object that can't be selected
@@ -130,6 +134,8 @@ class CRhinoDoc {
                             std::vector<ONX_ModelLight> lights);
   const ON_UUID& AddObject(ObjectList& list, ONX_ModelObject object);
   void MarkDefinitionMembers();
+  // After anything that changes what is to be seen.
+  void ForgetWhatIsShown();
   void MakeViews(const ON_3dmSettings& settings);
   // Lets the views see as deep as the objects from `first_object` on reach.
   void ShowInDepth(std::size_t first_object);
@@ -156,6 +162,8 @@ class CRhinoDoc {
   UndoList undo_;
   // Of the visible objects; empty until it is asked for and after a change.
   mutable std::optional<ON_BoundingBox> visible_box_;
+  // Null until it is asked for and after a change.
+  mutable std::unique_ptr<BlockContents> blocks_;
   std::vector<std::unique_ptr<CRhinoView>> views_;
   CRhinoView* active_view_ = nullptr;
   std::vector<ONX_PlugInData> plugin_data_;

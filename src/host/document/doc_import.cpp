@@ -8,6 +8,8 @@
 
 #include "host/document/doc.h"
 #include "host/document/new_id.h"
+#include "host/geometry/on_annotation.h"
+#include "host/geometry/on_instance_ref.h"
 #include "host/system/text.h"
 
 // Merging a document into the open one.
@@ -151,6 +153,44 @@ class LayerMerger {
   std::map<Place, int> by_place_;
 };
 
+// Gives records whose id is taken a new one. The result has the id of each, by the stored one.
+template <class Record>
+IdMap<ON_UUID> FreeIds(std::vector<Record>& imported, const std::vector<Record>& open) {
+  IdSet taken = IdsOf(open);
+  IdMap<ON_UUID> ids;
+  for (std::size_t i = 0; i < imported.size(); ++i) {
+    const ON_UUID stored = imported[i].m_id;
+    imported[i].m_id = FreeId(imported[i], open.size() + i, taken);
+    if (!stored.IsNil()) ids.emplace(stored, imported[i].m_id);
+  }
+  return ids;
+}
+
+// Lets a block reference name its definition by the id that it has now; one whose definition the
+// imported document lacks names none.
+void Remap(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& definitionIds) {
+  const ON_InstanceRef* reference = ON_InstanceRef::Cast(geometry.get());
+  if (reference == nullptr) return;
+  const auto found = definitionIds.find(reference->m_instance_definition_uuid);
+  const ON_UUID id = found == definitionIds.end() ? ON_UUID{} : found->second;
+  if (id == reference->m_instance_definition_uuid) return;
+  auto own = std::make_shared<ON_InstanceRef>(*reference);
+  own->m_instance_definition_uuid = id;
+  geometry = std::move(own);
+}
+
+// The same for an annotation and its style.
+void RemapStyle(std::shared_ptr<ON_Geometry>& geometry, const IdMap<ON_UUID>& styleIds) {
+  const ON_Annotation* annotation = ON_Annotation::Cast(geometry.get());
+  if (annotation == nullptr) return;
+  const auto found = styleIds.find(annotation->m_dimstyle_id);
+  const ON_UUID id = found == styleIds.end() ? ON_UUID{} : found->second;
+  if (id == annotation->m_dimstyle_id) return;
+  auto own = std::make_shared<ON_Annotation>(*annotation);
+  own->m_dimstyle_id = id;
+  geometry = std::move(own);
+}
+
 // The layers of both documents. `maps` gets where the imported ones went.
 std::vector<ON_Layer> MergedLayers(const CRhinoLayerTable& open, std::vector<ON_Layer> imported,
                                    ImportMaps& maps) {
@@ -198,9 +238,14 @@ void CRhinoDoc::ImportModel(ONX_Model model) {
   maps.groups = AppendGroups(m_group_table, std::move(model.m_group_table));
   m_layer_table =
       CRhinoLayerTable(MergedLayers(m_layer_table, std::move(model.m_layer_table), maps), this);
+  const IdMap<ON_UUID> styleIds = FreeIds(model.m_dimstyle_table, m_dimstyle_table.Records());
   Append(m_dimstyle_table, std::move(model.m_dimstyle_table));
+  const IdMap<ON_UUID> definitionIds =
+      FreeIds(model.m_idef_table, m_instance_definition_table.Records());
   for (ONX_ModelObject& object : model.m_object_table) {
     Remap(object.m_attributes, maps);
+    Remap(object.m_geometry, definitionIds);
+    RemapStyle(object.m_geometry, styleIds);
     object.m_span = {};
   }
   for (ONX_ModelLight& light : model.m_light_table) {
@@ -227,9 +272,7 @@ void CRhinoDoc::ShowInDepth(std::size_t first_object) {
   ON_BoundingBox box;
   for (std::size_t i = first_object; i < objects_.size(); ++i) {
     const CRhinoObject& object = *objects_[i];
-    if (object.Geometry() != nullptr && object.IsVisible()) {
-      box.Include(object.Geometry()->BoundingBox());
-    }
+    if (object.IsVisible()) box.Include(object.BoundingBox());
   }
   for (const auto& view : views_) view->Viewport().IncludeInDepth(box);
 }

@@ -45,7 +45,7 @@ CRhinoTableEvent DocStates::Exchange(MaterialState& state) {
 CRhinoTableEvent DocStates::Exchange(LayerState& state) {
   CRhinoLayerTable& table = doc_.m_layer_table;
   if (table.At(state.index) != nullptr && table.Exchange(state.index, state.layer)) {
-    doc_.visible_box_.reset();
+    doc_.ForgetWhatIsShown();
     layers_changed_ = true;
   }
   return CRhinoTableEvent::modified;
@@ -62,7 +62,9 @@ CRhinoTableEvent DocStates::Exchange(AttributesState& state) {
   if (object != nullptr) {
     const bool wasVisible = object->IsVisible();
     std::swap(object->attributes_, state.attributes);
-    if (object->IsVisible() != wasVisible) doc_.visible_box_.reset();
+    if (object->IsVisible() != wasVisible || object->IsInstanceDefinitionGeometry()) {
+      doc_.ForgetWhatIsShown();
+    }
     changed_objects_.push_back(object);
   }
   return CRhinoTableEvent::modified;

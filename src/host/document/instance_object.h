@@ -1,8 +1,10 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "host/document/object.h"
+#include "host/geometry/on_instance_ref.h"
 #include "host/geometry/on_xform.h"
 
 // One object of a block where a placement shows it.
@@ -27,4 +29,11 @@ class CRhinoInstanceObject : public CRhinoObject {
   // objects; `problem` then says so in words.
   [[nodiscard]] bool Explode(std::vector<CRhinoInstanceObjectPiece>& pieces,
                              std::string& problem) const;
+  // The box of what it shows, whatever box is stored.
+  ON_BoundingBox BoundingBox() const override;
+
+ private:
+  const ON_InstanceRef& Reference() const;
+  // The position of its definition; -1 when the document doesn't have it.
+  int DefinitionIndex() const;
 };

@@ -16,6 +16,10 @@ CRhinoObject::CRhinoObject(CRhinoDoc& doc, unsigned serial_number, ONX_ModelObje
 
 CRhinoObject::~CRhinoObject() = default;
 
+ON_BoundingBox CRhinoObject::BoundingBox() const {
+  return geometry_ == nullptr ? ON_BoundingBox() : geometry_->BoundingBox();
+}
+
 ON_ObjectType CRhinoObject::ObjectType() const {
   return geometry_ != nullptr ? geometry_->ObjectType() : stored_type_;
 }

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "host/archive/model.h"
-#include "host/geometry/on_object.h"
 #include "host/geometry/on_mesh.h"
+#include "host/geometry/on_object.h"
 #include "host/geometry/on_object_attributes.h"
 #include "host/geometry/on_tables.h"
 
@@ -21,6 +21,7 @@ class CRhinoObject {
   CRhinoObject(const CRhinoObject&) = delete;
   CRhinoObject& operator=(const CRhinoObject&) = delete;
 
+  const CRhinoDoc& Document() const { return doc_; }
   // A number that no other object has or had while the program runs. Starts at 1.
   unsigned RuntimeSerialNumber() const { return serial_number_; }
   // Its id is never nil and no other object's of the document: one that the file doesn't give, or
@@ -33,7 +34,8 @@ class CRhinoObject {
   // Null for an object whose class isn't read; such an object is kept and listed only.
   const ON_Geometry* Geometry() const { return geometry_.get(); }
   std::shared_ptr<const ON_Geometry> SharedGeometry() const { return geometry_; }
-  const CRhinoDoc& Document() const { return doc_; }
+  // The box of what is to be seen of it; not valid where there is nothing.
+  virtual ON_BoundingBox BoundingBox() const;
   // By the geometry, or by what the document says where there is none.
   ON_ObjectType ObjectType() const;
   // What the object is called in messages: "mesh", "point cloud", "NURBS curve", ...

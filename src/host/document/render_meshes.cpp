@@ -62,6 +62,12 @@ void MakeMeshesOfBrep(const ON_Brep& brep, const ON_MeshParameters& parameters, 
       std::count_if(made.failed_faces.begin(), made.failed_faces.end(), is_missing));
 }
 
+// The mesh that the document holds for an extrusion as a whole; null when it holds none.
+std::shared_ptr<const ON_Mesh> MeshOfExtrusion(const ON_Geometry* geometry) {
+  const ON_Extrusion* extrusion = ON_Extrusion::Cast(geometry);
+  return extrusion == nullptr ? nullptr : extrusion->m_render_mesh;
+}
+
 void MakeMeshes(Making& making) {
   const ON_MeshParameters& parameters =
       making.object->Document().Properties().Settings().m_render_mesh;
@@ -70,9 +76,8 @@ void MakeMeshes(Making& making) {
     MakeMeshesOfBrep(*brep, parameters, making);
   } else if (const auto mesh = std::dynamic_pointer_cast<const ON_Mesh>(geometry)) {
     making.meshes = {mesh};
-  } else if (const auto* extrusion = ON_Extrusion::Cast(geometry.get());
-             extrusion != nullptr && extrusion->m_render_mesh != nullptr) {
-    making.meshes = {extrusion->m_render_mesh};
+  } else if (const auto held = MeshOfExtrusion(geometry.get())) {
+    making.meshes = {held};
   } else if (geometry != nullptr && geometry->HasBrepForm()) {
     const std::unique_ptr<ON_Brep> form = geometry->BrepForm();
     if (form == nullptr) making.failed_faces = -1;

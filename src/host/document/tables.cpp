@@ -190,3 +190,18 @@ const ON_Group* CRhinoGroupTable::FindGroup(int stored_index) const {
   const auto found = by_stored_index_.find(stored_index);
   return found == by_stored_index_.end() ? nullptr : &records_[found->second];
 }
+
+int CRhinoLinetypeTable::EffectiveLinetypeIndex(const CRhinoObject& object) const {
+  const ON_3dmObjectAttributes& attributes = object.Attributes();
+  int index = attributes.m_linetype_index;
+  if (attributes.m_linetype_source != ON_AttributeSource::object) {
+    const ON_Layer* layer =
+        doc_ == nullptr ? nullptr : doc_->m_layer_table.At(attributes.m_layer_index);
+    index = layer == nullptr ? -1 : layer->m_linetype_index;
+  }
+  return At(index) == nullptr ? -1 : index;
+}
+
+double CRhinoLinetypeTable::LinetypeScale() const {
+  return doc_ == nullptr ? 1 : doc_->Properties().Settings().m_linetype_scale;
+}

@@ -130,6 +130,21 @@ class CRhinoGroupTable : public CRhinoTable<ON_Group> {
   std::map<int, std::size_t> by_stored_index_;
 };
 
-using CRhinoLinetypeTable = CRhinoTable<ON_Linetype>;
+class CRhinoLinetypeTable : public CRhinoTable<ON_Linetype> {
+ public:
+  explicit CRhinoLinetypeTable(std::vector<ON_Linetype> linetypes, const CRhinoDoc* doc = nullptr)
+      : CRhinoTable(std::move(linetypes)), doc_(doc) {}
+
+  // The position of the linetype that an object's lines have: its own or that of its layer, as the
+  // object says; an object that takes it from a block placement has its layer's here. -1 for a
+  // continuous line.
+  int EffectiveLinetypeIndex(const CRhinoObject& object) const;
+  // A factor on the lengths of all linetypes of the document.
+  double LinetypeScale() const;
+
+ private:
+  const CRhinoDoc* doc_;
+};
+
 using CRhinoDimStyleTable = CRhinoTable<ON_DimStyle>;
 using CRhinoInstanceDefinitionTable = CRhinoTable<ON_InstanceDefinition>;

@@ -35,6 +35,9 @@ class ON_Annotation : public ON_Geometry {
 
   static const ON_Annotation* Cast(const ON_Object* object);
 
+  // True when the plane is one, and every coordinate and size is a number.
+  bool IsValid() const;
+
   ON_ObjectType ObjectType() const override { return ON_ObjectType::annotation; }
   // The box of the points; the text's extent isn't known here.
   ON_BoundingBox BoundingBox() const override;
@@ -42,9 +45,12 @@ class ON_Annotation : public ON_Geometry {
   // The style that it is drawn in: its own changed copy, else the one of the table, else the
   // default style.
   const ON_DimStyle& DimStyle(const ON_DimStyle* of_table) const;
-  // What a dimension measures: a length in units of the document, or an angle in radians. 0 for
-  // texts and leaders.
+  // What a dimension measures: a length in units of the document, or an angle in radians from 0 to
+  // a whole turn. 0 for texts and leaders, and where points are missing.
   double Measurement() const;
+  // The angle that an angular dimension measures: from where its arc starts (radians from the
+  // plane's x axis), counterclockwise to where it ends. Empty when its points give none.
+  std::optional<ON_Interval> MeasuredAngle() const;
 
   Type m_type = Type::text;
   ON_Plane m_plane;
@@ -58,14 +64,20 @@ class ON_Annotation : public ON_Geometry {
   std::vector<ON_2dPoint> m_points;
   // An ordinate dimension measures along the x axis, otherwise along the y axis.
   bool m_measures_x = true;
-  // Where the text of a dimension stands, when the user has moved it.
+  // Where the text of a dimension stands, when the user has moved it: a point for the dimension
+  // line, which the text's middle is in or above.
   std::optional<ON_2dPoint> m_text_point;
+  // What is measured in a detail of a page counts by so much.
+  double m_distance_scale = 1;
   // Plain text, lines parted by \n. In a dimension, "<>" stands for what is measured.
   std::string m_text;
   // Radians, counterclockwise from the plane's x axis.
   double m_text_rotation = 0;
   HorizontalAlignment m_halign = HorizontalAlignment::left;
   VerticalAlignment m_valign = VerticalAlignment::top;
+  // Longer lines of a text are broken at blanks; 0 for as they are. Not yet multiplied by the
+  // style's scale.
+  double m_wrap_width = 0;
   // Of the document's table; nil when the document has none.
   ON_UUID m_dimstyle_id;
   // The style with this annotation's own changes.

@@ -40,7 +40,7 @@ struct ON_BrepTrim {
   int m_c2i = -1;
   bool m_bReversed = false;
   ON_Interval m_domain;
-  // -1 at a singular side, which is a point in space.
+  // -1 of a singular one, which is a point in space; no other lacks its edge.
   int m_ei = -1;
   std::array<int, 2> m_vi{-1, -1};
   // True when it runs against its edge.
@@ -108,7 +108,7 @@ class ON_Brep : public ON_Geometry {
   // Drops curves and surfaces that no trim, edge or face names. The others keep their order.
   void Compact();
   // Makes each trim stand for the whole of a 2D curve of its own in the curve's own direction, in
-  // NURBS form. False when a curve has none; the brep is then unchanged.
+  // NURBS form. False when a curve has none; the trims that need one then keep what they have.
   bool MakeValidForV2();
   // Appends the meshes of the faces, in their order; faces without one are left out. Returns how
   // many.

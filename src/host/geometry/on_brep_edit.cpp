@@ -83,12 +83,18 @@ void ON_Brep::Compact() {
 }
 
 bool ON_Brep::MakeValidForV2() {
+  bool all_are_whole = true;
   std::vector<std::shared_ptr<const ON_Curve>> curves;
-  for (const ON_BrepTrim& trim : m_T) {
-    curves.push_back(WholeCurve(*this, trim));
-    if (curves.back() == nullptr) return false;
+  for (ON_BrepTrim& trim : m_T) {
+    if (auto curve = WholeCurve(*this, trim)) {
+      SetWholeCurve(trim, *curve, curves.size());
+      curves.push_back(std::move(curve));
+    } else {
+      all_are_whole = false;
+      curves.push_back(m_C2[static_cast<std::size_t>(trim.m_c2i)]);
+      trim.m_c2i = static_cast<int>(curves.size()) - 1;
+    }
   }
   m_C2 = std::move(curves);
-  for (std::size_t i = 0; i < m_T.size(); ++i) SetWholeCurve(m_T[i], *m_C2[i], i);
-  return true;
+  return all_are_whole;
 }

@@ -139,6 +139,13 @@ class ON_DimStyle : public ON_Object {
   bool m_suppress_extension2 = false;
   // 0 decimal, 1 fractions, 2 feet and inches.
   int m_lengthformat = 0;
+  // The unit in which lengths are told, a value of ON_UnitSystem; 0 for the document's own.
+  int m_lengthunit = 0;
+  // Lengths are rounded to multiples of it; 0 for to none.
+  double m_round = 0;
+  // Zeros that are left out of numbers: 1 the leading one, 2 those at the end, 3 both.
+  int m_zerosuppress = 0;
+  int m_anglezerosuppress = 0;
   // 0 decimal degrees, 1 degrees, minutes and seconds, 2 radians, 3 gradians.
   int m_angleformat = 0;
   // 0 none, 1 a block of the user's, 2 solid triangle, 3 dot, 4 tick, 5 short triangle, 6 open
@@ -146,6 +153,33 @@ class ON_DimStyle : public ON_Object {
   int m_arrowtype1 = 0;
   int m_arrowtype2 = 0;
   int m_leaderarrowtype = 0;
+  bool m_suppress_arrow1 = false;
+  bool m_suppress_arrow2 = false;
+  // 0 where there is room, 1 always between the extension lines, 2 always outside.
+  int m_arrowfit = 0;
+  // 0 where there is room, 1 always between the extension lines, 2 to the right, 3 to the left, 4
+  // and 5 the same when there is no room.
+  int m_textfit = 0;
+  // Extension lines have this length, counted from the dimension line, when that is switched on.
+  bool m_fixedextension = false;
+  double m_fixedextensionlength = 1;
+  // Of the text of linear, angular and ordinate dimensions, and of radial ones: 0 above the
+  // dimension line, 1 in it, 2 below.
+  int m_textlocation = 0;
+  int m_radialtextlocation = 1;
+  // Texts that stay horizontal instead of following the dimension line or the leader's end.
+  bool m_texthorizontal = false;
+  bool m_radialtexthorizontal = true;
+  bool m_leadertexthorizontal = true;
+  // A horizontal line at the leader's end.
+  bool m_leaderlanding = false;
+  double m_leaderlandinglength = 1;
+  // Where the leader's end stands in the height of its text, as ON_Annotation::VerticalAlignment.
+  int m_leadertextvalign = 1;
+  // 0 no line, 1 straight ones, 2 a smooth one.
+  int m_leadercurve = 1;
+  // 0 none, 1 a cross in the centre, 2 with lines up to the circle.
+  int m_centermarkstyle = 1;
   // The family's name.
   std::string m_font;
   bool m_bold = false;

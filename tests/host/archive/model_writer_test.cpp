@@ -6,6 +6,7 @@
 
 #include "host/archive/model_reader.h"
 #include "host/geometry/on_arc_curve.h"
+#include "host/geometry/on_instance_ref.h"
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_mesh.h"
 #include "host/geometry/on_nurbs_curve.h"
@@ -69,6 +70,76 @@ TEST_P(ModelWriterTest, TheSameModelGivesTheSameBytes) {
   AddObject(std::make_shared<ON_Mesh>(MakeSphere({0, 0, 0}, 1, 16, 8)));
   EXPECT_EQ(WriteModel(model_), WriteModel(model_));
   EXPECT_EQ(WriteModel(ReadBack(model_)), WriteModel(model_));
+}
+
+TEST_P(ModelWriterTest, KeepsDimensionStylesAndTheirFonts) {
+  ON_DimStyle style;
+  style.m_id = kId1;
+  style.m_name = "style";
+  style.m_extextension = 2;
+  style.m_extoffset = 3;
+  style.m_arrowsize = 4;
+  style.m_leaderarrowsize = 5;
+  style.m_centermark = 6;
+  style.m_textgap = 7;
+  style.m_textheight = 8;
+  style.m_lengthfactor = 9;
+  style.m_lengthresolution = 1;
+  style.m_angleresolution = 3;
+  style.m_dimextension = 10;
+  style.m_suppress_extension1 = true;
+  style.m_angleformat = 1;
+  style.m_arrowtype1 = style.m_arrowtype2 = 4;
+  style.m_leaderarrowtype = 6;
+  style.m_font = "Courier New";
+  style.m_bold = true;
+  style.m_prefix = "<";
+  style.m_suffix = ">";
+  model_.m_dimstyle_table = {ON_DimStyle(), style};
+  model_.m_dimstyle_table[0].m_suppress_extension2 = true;
+  model_.m_dimstyle_table[0].m_italic = true;
+  const ONX_Model read = ReadBack(model_);
+  ASSERT_EQ(read.m_dimstyle_table.size(), 2u);
+  const ON_DimStyle& found = read.m_dimstyle_table[1];
+  EXPECT_EQ(found.m_id, kId1);
+  EXPECT_EQ(found.m_name, "style");
+  for (double ON_DimStyle::*size :
+       {&ON_DimStyle::m_extextension, &ON_DimStyle::m_extoffset, &ON_DimStyle::m_arrowsize,
+        &ON_DimStyle::m_leaderarrowsize, &ON_DimStyle::m_centermark, &ON_DimStyle::m_textgap,
+        &ON_DimStyle::m_textheight, &ON_DimStyle::m_lengthfactor, &ON_DimStyle::m_dimextension}) {
+    EXPECT_EQ(found.*size, style.*size);
+  }
+  for (int ON_DimStyle::*number :
+       {&ON_DimStyle::m_lengthresolution, &ON_DimStyle::m_angleresolution,
+        &ON_DimStyle::m_angleformat, &ON_DimStyle::m_arrowtype1, &ON_DimStyle::m_arrowtype2,
+        &ON_DimStyle::m_leaderarrowtype}) {
+    EXPECT_EQ(found.*number, style.*number);
+  }
+  EXPECT_EQ(found.m_font, "Courier New");
+  EXPECT_EQ(found.m_prefix, "<");
+  EXPECT_EQ(found.m_suffix, ">");
+  EXPECT_TRUE(found.m_bold && found.m_suppress_extension1);
+  EXPECT_FALSE(found.m_italic || found.m_suppress_extension2);
+  EXPECT_TRUE(read.m_dimstyle_table[0].m_italic && read.m_dimstyle_table[0].m_suppress_extension2);
+}
+
+TEST_P(ModelWriterTest, KeepsWhereTextsOfDimensionsStand) {
+  model_.m_dimstyle_table.resize(3);
+  model_.m_dimstyle_table[1].m_textlocation = 1;
+  model_.m_dimstyle_table[2].m_texthorizontal = true;
+  model_.m_dimstyle_table[2].m_lengthformat = 2;
+  const std::vector<ON_DimStyle> read = ReadBack(model_).m_dimstyle_table;
+  ASSERT_EQ(read.size(), 3u);
+  EXPECT_EQ(read[0].m_textlocation, 0);
+  EXPECT_FALSE(read[0].m_texthorizontal);
+  EXPECT_EQ(read[1].m_textlocation, 1);
+  EXPECT_FALSE(read[1].m_leadertexthorizontal);
+  EXPECT_EQ(read[2].m_textlocation, 1);
+  EXPECT_TRUE(read[2].m_texthorizontal);
+  EXPECT_TRUE(read[2].m_leadertexthorizontal);
+  // Feet and inches are told of inches.
+  EXPECT_EQ(read[2].m_lengthformat, 2);
+  EXPECT_EQ(read[2].m_lengthunit, 8);
 }
 
 TEST_P(ModelWriterTest, KeepsProperties) {
@@ -389,6 +460,25 @@ TEST_P(ModelWriterTest, KeepsMeshesOfEveryIndexSize) {
     EXPECT_EQ(back->m_V, written->m_V);
     EXPECT_EQ(back->m_F, written->m_F);
   }
+}
+
+TEST_P(ModelWriterTest, KeepsBlockReferences) {
+  const auto reference = std::make_shared<ON_InstanceRef>();
+  reference->m_instance_definition_uuid = kId2;
+  double number = 0;
+  for (auto& row : reference->m_xform.m_xform) {
+    for (double& value : row) value = ++number / 8;
+  }
+  reference->m_bbox = {{0, 1, 2}, {3, 4, 5}};
+  AddObject(reference).m_attributes.m_uuid = kId1;
+  const ONX_Model read = ReadBack(model_);
+  ASSERT_EQ(read.m_object_table.size(), 1u);
+  const ON_InstanceRef* back = ON_InstanceRef::Cast(read.m_object_table[0].m_geometry.get());
+  ASSERT_NE(back, nullptr);
+  EXPECT_EQ(back->m_instance_definition_uuid, kId2);
+  EXPECT_EQ(back->m_xform, reference->m_xform);
+  EXPECT_EQ(back->m_bbox.m_max, (ON_3dPoint{3, 4, 5}));
+  EXPECT_EQ(read.m_object_table[0].m_object_type, 0x1000u);
 }
 
 TEST_P(ModelWriterTest, KeepsClippingPlanes) {

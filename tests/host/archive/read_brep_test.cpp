@@ -246,6 +246,17 @@ TEST(ReadBrep, WhatOthersSayOfAPartIsTakenFromThem) {
   ExpectSame(*whole, *BrepOf(model));
 }
 
+TEST(ReadBrep, TheTrimsWithoutAnEdgeAreTheSingularOnes) {
+  const auto box = MakeBoxBrep(kBox);
+  box->m_T[3].m_ei = -1;
+  box->m_T[4].m_type = ON_BrepTrim::Type::singular;
+  const ONX_Model model = ReadDocument(*box);
+  ASSERT_NE(nullptr, BrepOf(model));
+  EXPECT_TRUE(BrepOf(model)->IsValid());
+  EXPECT_EQ(ON_BrepTrim::Type::singular, BrepOf(model)->m_T[3].m_type);
+  EXPECT_EQ(ON_BrepTrim::Type::unknown, BrepOf(model)->m_T[4].m_type);
+}
+
 TEST(ReadBrep, DeletedPartsAreDropped) {
   const auto whole = MakeBoxBrep(kBox);
   ON_Brep brep = *whole;

@@ -294,9 +294,13 @@ TEST(ReadMaterial, TheGreyThatOldWritersLeftIsTheDiffuseColour) {
   EXPECT_EQ(ON_Color(128, 128, 128), transparent(200912010));
 }
 
+bool ReadDimStyle(ON_BinaryArchive& archive, ON_DimStyle& style) {
+  return host::ReadDimStyle(archive, style);
+}
+
 TEST(ReadDimStyle, OldArrowsAreNumberedAnew) {
   const auto [reading, style] = WriteAndRead<ON_DimStyle>(
-      host::ReadDimStyle, 4, 200710174, kDimStyleClass, [](ON_BinaryArchive& a) {
+      ReadDimStyle, 4, 200710174, kDimStyleClass, [](ON_BinaryArchive& a) {
         a.Write3dmChunkVersion(1, 1);
         a.WriteInt(0);
         a.WriteString("big");
@@ -309,6 +313,98 @@ TEST(ReadDimStyle, OldArrowsAreNumberedAnew) {
   EXPECT_EQ(3, style.m_arrowtype1);
   EXPECT_EQ(2, style.m_leaderarrowtype);
   EXPECT_EQ(6, style.m_textheight);
+}
+
+void WriteOldDimStyle(ON_BinaryArchive& a, int minor, int text_style) {
+  a.Write3dmChunkVersion(1, minor);
+  a.WriteInt(0);
+  a.WriteString("big");
+  for (const double value : {1.0, 2.0, 3.0, 4.0, 5.0}) a.WriteDouble(value);
+  for (const int value : {0, 1, 0, 0, 0, 3, 2, text_style}) a.WriteInt(value);
+  if (minor > 0) a.WriteDouble(6);
+}
+
+TEST(ReadDimStyle, OldOnesNameTheirFontByItsPosition) {
+  const std::vector<host::TextStyle> fonts = {{"Arial", false, false}, {"Courier", true, true}};
+  const auto font = [&](int index) {
+    const std::string bytes = RecordBytes(4, 200710174, [&](ON_BinaryArchive& archive) {
+      WriteClass(archive, kDimStyleClass,
+                 [&](ON_BinaryArchive& a) { WriteOldDimStyle(a, 1, index); });
+    });
+    ON_DimStyle style;
+    ReadBytes(bytes, 4, 200710174,
+              [&](ON_BinaryArchive& archive) { return host::ReadDimStyle(archive, style, fonts); });
+    return style;
+  };
+  EXPECT_EQ(font(0).m_font, "Arial");
+  EXPECT_EQ(font(1).m_font, "Courier");
+  EXPECT_TRUE(font(1).m_bold && font(1).m_italic);
+  EXPECT_EQ(font(2).m_font, "");
+  EXPECT_EQ(font(-1).m_font, "");
+}
+
+TEST(ReadDimStyle, VersionFiveCarriesTheScaleApart) {
+  constexpr ON_UUID kExtra = "513fde53-7284-4065-8601-06cea8b28d6f"_uuid;
+  const auto scale = [&](const ON_UUID& class_id, int minor, double stored) {
+    const std::string bytes = RecordBytes(50, 201008125, [&](ON_BinaryArchive& archive) {
+      const auto extra = [&](ON_BinaryArchive& a) {
+        WriteUserData(a, class_id, {2, 50, 201008125}, [&](ON_BinaryArchive& payload) {
+          WriteVersioned(payload, 1, minor, [&](ON_BinaryArchive& b) {
+            b.WriteUuid({});
+            b.WriteInt(2);
+            b.WriteShort(0);
+            b.WriteInt(0);
+            b.WriteInt(0);
+            for (int i = 0; i < 4; ++i) b.WriteDouble(1);
+            b.WriteBool(false);
+            b.WriteInt(0);
+            b.WriteColor(ON_Color());
+            b.WriteDouble(stored);
+          });
+        });
+      };
+      WriteClass(
+          archive, kDimStyleClass, [](ON_BinaryArchive& a) { WriteOldDimStyle(a, 1, 0); }, extra);
+    });
+    ON_DimStyle style;
+    const Reading reading = ReadBytes(bytes, 50, 201008125, [&](ON_BinaryArchive& archive) {
+      return host::ReadDimStyle(archive, style);
+    });
+    EXPECT_TRUE(reading.ok);
+    return style.m_dimscale;
+  };
+  EXPECT_EQ(scale(kExtra, 3, 2.5), 2.5);
+  EXPECT_EQ(scale(kExtra, 1, 2.5), 1);
+  EXPECT_EQ(scale(kExtra, 3, -1), 1);
+  EXPECT_EQ(scale(kDimStyleClass, 3, 2.5), 1);
+}
+
+TEST(ReadTextStyle, HasAFaceAWeightAndASlant) {
+  constexpr ON_UUID kTextStyle = "4f0f51fb-35d0-4865-9998-6d2c6a99721d"_uuid;
+  const auto read = [](const ON_UUID& class_id, int major, const std::u16string& face, int weight,
+                       int italic) {
+    return WriteAndRead<host::TextStyle>(host::ReadTextStyle, 4, 200710174, class_id,
+                                         [&](ON_BinaryArchive& a) {
+                                           a.Write3dmChunkVersion(major, 2);
+                                           a.WriteInt(0);
+                                           a.WriteString("Font 01");
+                                           std::u16string padded = face;
+                                           padded.resize(64);
+                                           a.WriteByte(std::as_bytes(std::span(padded)));
+                                           a.WriteInt(weight);
+                                           a.WriteInt(italic);
+                                         });
+  };
+  const auto [reading, style] = read(kTextStyle, 1, u"Schrift \u00fc", 700, 1);
+  ASSERT_TRUE(reading.ok);
+  EXPECT_EQ(style.face, "Schrift \u00fc");
+  EXPECT_TRUE(style.bold);
+  EXPECT_TRUE(style.italic);
+  EXPECT_FALSE(read(kTextStyle, 1, u"Arial", 400, 0).value.bold);
+  // One that fills all of its room.
+  EXPECT_EQ(read(kTextStyle, 1, std::u16string(64, u'x'), 400, 0).value.face, std::string(64, 'x'));
+  EXPECT_FALSE(read(kTextStyle, 2, u"Arial", 400, 0).reading.ok);
+  EXPECT_FALSE(read(kDimStyleClass, 1, u"Arial", 400, 0).reading.ok);
 }
 
 TEST(ReadLight, AnUnknownStyleIsKeptApart) {

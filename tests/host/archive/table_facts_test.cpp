@@ -209,13 +209,34 @@ TEST(TableFacts, DimensionStyles) {
 
 TEST(TableFacts, FontsOfDimensionStyles) {
   ForEachFactsDocument([](const FactsDocument& document) {
-    // Up to version 5 a style names its font by its place in the table of fonts, which isn't read.
     const auto& styles = document.model.m_dimstyle_table;
     for (std::size_t i = 0; i < styles.size(); ++i) {
-      const bool in_style = document.model.m_3dm_file_version >= 60;
-      const std::string expected = in_style ? document.facts["dimstyles"][i]["font"] : "";
-      EXPECT_EQ(expected, styles[i].m_font) << Place("dimstyles", i);
+      EXPECT_EQ(document.facts["dimstyles"][i]["font"], styles[i].m_font) << Place("dimstyles", i);
     }
+  });
+}
+
+// What the facts don't tell, by the names that the host gives such styles.
+TEST(TableFacts, DimensionStylesByTheirNames) {
+  ForEachFactsDocument([](const FactsDocument& document) {
+    if (document.name != "r3dm_blocks") return;
+    const auto& styles = document.model.m_dimstyle_table;
+    ASSERT_GE(styles.size(), 2u);
+    for (const ON_DimStyle& style : styles) {
+      const bool is_metric = style.m_name.starts_with("Millimeter");
+      EXPECT_EQ(style.m_lengthunit, is_metric ? 2 : 0) << style.m_name;
+      EXPECT_EQ(style.m_lengthformat, 0) << style.m_name;
+      EXPECT_EQ(style.m_leaderlandinglength, style.m_textheight) << style.m_name;
+      EXPECT_EQ(style.m_centermarkstyle, 1) << style.m_name;
+      EXPECT_EQ(style.m_textlocation, 0) << style.m_name;
+      EXPECT_EQ(style.m_radialtextlocation, 1) << style.m_name;
+      EXPECT_TRUE(style.m_radialtexthorizontal) << style.m_name;
+      EXPECT_FALSE(style.m_texthorizontal) << style.m_name;
+      EXPECT_FALSE(style.m_bold || style.m_italic) << style.m_name;
+    }
+    // Ticks stand out over the extension lines.
+    EXPECT_EQ(styles[0].m_dimextension, 1.5);
+    EXPECT_EQ(styles[1].m_dimextension, 0);
   });
 }
 

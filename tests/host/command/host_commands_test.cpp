@@ -4,6 +4,7 @@
 
 #include "host/command/command_runner.h"
 #include "host/command/script_input.h"
+#include "host/geometry/on_instance_ref.h"
 #include "host/geometry/on_line_curve.h"
 #include "recorded_window.h"
 #include "sample_document.h"
@@ -127,6 +128,24 @@ TEST_F(HostCommandsTest, WhatDescribesTheSelection) {
                            HasSubstr("\n  state: visible\n"),
                            HasSubstr("\n  geometry: 3 vertices, 1 faces (1 triangles, 0 quads)\n"),
                            HasSubstr("\n  box: 0,0,0 to 2,3,0\n")));
+}
+
+TEST_F(HostCommandsTest, WhatTellsOfAPlacementItsBlockAndWhatItShows) {
+  ONX_Model model = SampleModel();
+  ON_InstanceDefinition& block = model.m_idef_table.emplace_back();
+  block.m_id.bytes[0] = 9;
+  block.m_name = "House";
+  block.m_object_ids = {model.m_object_table[0].m_attributes.m_uuid};
+  auto placement = std::make_shared<ON_InstanceRef>();
+  placement->m_instance_definition_uuid = block.m_id;
+  placement->m_xform.m_xform[0][3] = 10;
+  model.m_object_table.emplace_back().m_geometry = std::move(placement);
+  model.m_object_table.back().m_attributes.m_name = "Home";
+  Doc().SetModel(std::move(model), "");
+  EXPECT_EQ(Run("SelName Home What"), CommandResult::success);
+  EXPECT_THAT(told_, AllOf(HasSubstr("block reference \"Home\", serial number "),
+                           HasSubstr("\n  geometry: block \"House\"\n"),
+                           HasSubstr("\n  box: 10,0,0 to 12,3,0\n")));
 }
 
 TEST_F(HostCommandsTest, WhatTellsOfACurveItsLengthAndPoints) {

@@ -145,6 +145,8 @@ void CorpusDocument::MeshesAndPointsHaveTheirBoxes() {
   for (std::size_t i = 0; i < objects.size(); ++i) {
     const ON_Geometry* geometry = Doc().Objects()[i]->Geometry();
     if (geometry == nullptr || !objects[i].at("bbox").is_array()) continue;
+    // The other reader's boxes of annotations are those of their drawing.
+    if (geometry->ObjectType() == ON_ObjectType::annotation) continue;
     SCOPED_TRACE(i);
     const auto expected = objects[i].at("bbox").get<std::vector<double>>();
     const ON_BoundingBox box = geometry->BoundingBox();
@@ -225,7 +227,7 @@ void CorpusDocument::TellsInOneLineWhatWasNotRead() {
                         name == "ON_Brep" || name == "ON_Extrusion" || name == "ON_SubD" ||
                         name.ends_with("Curve") || name.ends_with("Surface");
     if (object.Geometry() != nullptr) continue;
-    EXPECT_FALSE(isRead && object.ShortDescription() != "annotation arrow") << i;
+    EXPECT_FALSE(IsReadClass(name) && object.ShortDescription() != "annotation arrow") << i;
     EXPECT_EQ(object.ShortDescription(), NameOf(object, name));
     ++expected[NameOf(object, name)];
   }
@@ -316,7 +318,7 @@ TEST_F(CorpusFiles, AnImportAddsTheObjectsAndKeepsTheDocument) {
 
 TEST_F(CorpusFiles, AnImportTellsWhatWasNotReadAndThatUnitsDiffer) {
   ASSERT_TRUE(app_.OpenDocument(Path("real/v3_my_points.3dm")));
-  ASSERT_TRUE(app_.ImportDocument(Path("real/v4_MechPartA.3dm")));
+  ASSERT_TRUE(app_.ImportDocument(Path("real/v3_T-Joint2.3dm")));
   EXPECT_THAT(printed_, testing::StartsWith("Not read: "));
   EXPECT_THAT(
       printed_,

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "host/document/doc.h"
+#include "host/document/instance_object.h"
 #include "model_parts.h"
+#include "support/blocks.h"
 
 namespace {
 
@@ -182,6 +184,39 @@ TEST_F(ImportTest, AnOpenObjectDoesNotBecomeAMemberOfAnAddedBlock) {
   doc_.ImportModel(std::move(added));
   EXPECT_TRUE(doc_.Objects()[0]->IsVisible());
   EXPECT_FALSE(doc_.Objects()[1]->IsVisible());
+}
+
+TEST_F(ImportTest, PlacementsKeepTheirOwnBlock) {
+  ONX_Model model;
+  const ON_UUID inner = AddBlock(model, "Leg", {TriangleObject({})});
+  const ON_UUID outer = AddBlock(model, "Table", {PlacementOf(inner)});
+  model.m_object_table.push_back(PlacementOf(outer));
+  ONX_Model again = model;
+  doc_.SetModel(std::move(model), "");
+  doc_.ImportModel(std::move(again));
+  ASSERT_EQ(doc_.Objects().size(), 6u);
+  std::vector<CRhinoInstanceObjectPiece> pieces;
+  std::string problem;
+  for (const std::size_t i : {2, 5}) {
+    const auto* placement = CRhinoInstanceObject::Cast(doc_.Objects()[i].get());
+    ASSERT_NE(placement, nullptr);
+    EXPECT_TRUE(placement->Explode(pieces, problem));
+  }
+  ASSERT_EQ(pieces.size(), 2u);
+  EXPECT_EQ(pieces[0].m_object, doc_.Objects()[0].get());
+  EXPECT_EQ(pieces[1].m_object, doc_.Objects()[3].get());
+}
+
+TEST_F(ImportTest, APlacementWithoutItsBlockDoesNotShowABlockOfTheOpenDocument) {
+  ONX_Model open;
+  const ON_UUID block = AddBlock(open, "Table", {TriangleObject({})});
+  doc_.SetModel(std::move(open), "");
+  ONX_Model added;
+  added.m_object_table = {PlacementOf(block)};
+  doc_.ImportModel(std::move(added));
+  const auto* placement = CRhinoInstanceObject::Cast(&Last());
+  ASSERT_NE(placement, nullptr);
+  EXPECT_EQ(placement->InstanceDefinition(), nullptr);
 }
 
 TEST_F(ImportTest, SettingsStringsViewsSelectionAndPathStay) {
