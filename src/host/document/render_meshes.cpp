@@ -63,9 +63,9 @@ void MakeMeshesOfBrep(const ON_Brep& brep, const ON_MeshParameters& parameters, 
 }
 
 // The mesh that the document holds for an extrusion as a whole; null when it holds none.
-const ON_Mesh* MeshOfExtrusion(const ON_Geometry* geometry) {
+std::shared_ptr<const ON_Mesh> MeshOfExtrusion(const ON_Geometry* geometry) {
   const ON_Extrusion* extrusion = ON_Extrusion::Cast(geometry);
-  return extrusion == nullptr ? nullptr : extrusion->m_render_mesh.get();
+  return extrusion == nullptr ? nullptr : extrusion->m_render_mesh;
 }
 
 void MakeMeshes(Making& making) {
@@ -76,8 +76,8 @@ void MakeMeshes(Making& making) {
     MakeMeshesOfBrep(*brep, parameters, making);
   } else if (const auto mesh = std::dynamic_pointer_cast<const ON_Mesh>(geometry)) {
     making.meshes = {mesh};
-  } else if (const ON_Mesh* held = MeshOfExtrusion(geometry.get())) {
-    making.meshes = {std::shared_ptr<const ON_Mesh>(geometry, held)};
+  } else if (const auto held = MeshOfExtrusion(geometry.get())) {
+    making.meshes = {held};
   } else if (geometry != nullptr && geometry->HasBrepForm()) {
     const std::unique_ptr<ON_Brep> form = geometry->BrepForm();
     if (form == nullptr) making.failed_faces = -1;
