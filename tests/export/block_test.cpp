@@ -252,7 +252,7 @@ TEST_F(BlockTest, TheMaterialThatIsWrittenAsksForAMesh) {
   EXPECT_THAT(own, HasSubstr(SquarePatch(6) + "    ArchiveEnd\n    Surface \"placement\""));
   const std::string placement = walk(1);
   EXPECT_THAT(placement, HasSubstr(SquarePatch(6) + "    ArchiveEnd\n    ConcatTransform"));
-  EXPECT_THAT(placement, HasSubstr(SquarePolygon(6) + "    ArchiveEnd\n    Attribute \"shade\""));
+  EXPECT_THAT(placement, HasSubstr(SquarePolygon(6) + "    ArchiveEnd\n    Surface \"VWeave\""));
 }
 
 TEST_F(BlockTest, AnInteractiveSessionNumbersPiecesAndPlacements) {
@@ -318,7 +318,7 @@ TEST_F(BlockTest, ACurveHasItsOwnMaterialInItsArchiveAndNoneAtItsPlace) {
   AttributeBegin
     ArchiveBegin "Block_#1"
 )"));
-  EXPECT_EQ(CountOf(text, "\"own\""), 1u);
+  EXPECT_EQ(CountOf(text, "      Surface \"own\"\n"), 2u);
   EXPECT_THAT(text, Not(HasSubstr("placement")));
 }
 
