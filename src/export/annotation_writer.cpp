@@ -32,7 +32,8 @@ void WriteLook(RibWriter& writer, ON_Color color) {
 double WidthOf(const CRhinoAnnotationObject& object, const ObjectAttributes& attributes,
                const RenderSettings& settings) {
   ON_DimStyle style;
-  if (!attributes.UseLineWidth && object.GetDimStyle(style) && IsSetNumber(style.m_arrowsize)) {
+  if (!attributes.UseLineWidth && object.GetDimStyle(style) && IsSetNumber(style.m_arrowsize) &&
+      style.m_arrowsize >= 0) {
     return style.m_arrowsize * kLineWidthOfArrows;
   }
   return LineWidth(attributes, settings);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "export/object_walk.h"
+#include "host/geometry/on_annotation.h"
 #include "host/geometry/on_brep.h"
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_point_cloud.h"
@@ -319,6 +320,21 @@ TEST_F(BlockTest, ACurveHasItsOwnMaterialInItsArchiveAndNoneAtItsPlace) {
 )"));
   EXPECT_EQ(CountOf(text, "\"own\""), 1u);
   EXPECT_THAT(text, Not(HasSubstr("placement")));
+}
+
+TEST_F(BlockTest, AnAnnotationIsWrittenWhereItStandsAtEachPlacement) {
+  settings_.RenderDimensions = true;
+  auto leader = std::make_shared<ON_Annotation>();
+  leader->m_type = ON_Annotation::Type::leader;
+  leader->m_points = {{1, 2}, {4, 2}};
+  const ON_UUID block = AddBlock(model_, "Notes", {ObjectOf(leader)});
+  Place(block, TranslationBy(1, 0, 0));
+  Place(block, TranslationBy(2, 0, 0));
+  const std::string text = Walk();
+  EXPECT_EQ(CountOf(text, "\"P\" [1 2 0 4 2 0 ]"), 2u);
+  EXPECT_THAT(text, Not(HasSubstr("Archive")));
+  EXPECT_THAT(text, Not(HasSubstr("ConcatTransform")));
+  EXPECT_THAT(blocks_.InOrder(), SizeIs(0));
 }
 
 TEST_F(BlockTest, AReplacedObjectLeavesItsArchiveOpenAndHasNoInstance) {

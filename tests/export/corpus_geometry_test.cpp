@@ -168,8 +168,9 @@ void ExpectPatch(const RibStatement& patch, const Json& nurbs) {
 
 // The trims that stand before a patch; without any, the face is its whole surface.
 void ExpectTrims(const RibStatement* trims, const ExpectedStream::Face& face) {
-  if (face.isTrimmed) EXPECT_EQ(trims != nullptr, *face.isTrimmed);
-  if (trims == nullptr || !face.face->contains("loops")) return;
+  const bool hasTrims = trims != nullptr;
+  EXPECT_EQ(hasTrims, face.isTrimmed.value_or(hasTrims));
+  if (!hasTrims || !face.face->contains("loops")) return;
   std::vector<double> expected;
   for (const Json& loop : (*face.face)["loops"]) expected.push_back(loop["trims"].get<double>());
   EXPECT_EQ(trims->Arguments[0].Numbers, expected);

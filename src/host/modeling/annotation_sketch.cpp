@@ -7,6 +7,7 @@
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_polyline_curve.h"
+#include "host/system/text.h"
 
 namespace host {
 namespace {
@@ -78,14 +79,17 @@ double AnnotationSketch::TextWidth(const std::string& text) const {
 }
 
 std::string AnnotationSketch::Wrapped(const std::string& text) const {
+  // More letters than anybody draws. Each word is measured.
+  constexpr std::size_t kMaxLetters = 65536;
   const double room = Size(annotation_.m_wrap_width);
   if (room <= 0) return text;
+  const std::string_view letters = FirstCodePoints(text, kMaxLetters);
   const double blank = TextWidth("n n") - TextWidth("nn");
   std::string wrapped;
   double used = 0;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = std::min(text.find_first_of(" \n", at), text.size());
-    const std::string word = text.substr(at, end - at);
+  for (std::size_t at = 0; at < letters.size();) {
+    const std::size_t end = std::min(letters.find_first_of(" \n", at), letters.size());
+    const std::string word(letters.substr(at, end - at));
     const double width = TextWidth(word);
     if (used > 0 && used + width > room) {
       // In the place of the blank before it.
@@ -94,8 +98,8 @@ std::string AnnotationSketch::Wrapped(const std::string& text) const {
     }
     wrapped += word;
     used += width + blank;
-    if (end < text.size()) wrapped += text[end];
-    if (end < text.size() && text[end] == '\n') used = 0;
+    if (end < letters.size()) wrapped += letters[end];
+    if (end < letters.size() && letters[end] == '\n') used = 0;
     at = end + 1;
   }
   return wrapped;

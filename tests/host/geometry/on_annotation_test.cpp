@@ -104,6 +104,15 @@ TEST(Annotation, ItsOwnStyleComesFirstAndADefaultOneLast) {
   EXPECT_EQ(annotation.DimStyle(&of_table).m_textheight, 9);
 }
 
+TEST(Annotation, TheDefaultStyleHasTheUsualArrowheads) {
+  constexpr int kSolidTriangle = 2;
+  const ON_Annotation annotation;
+  const ON_DimStyle& style = annotation.DimStyle(nullptr);
+  EXPECT_EQ(style.m_arrowtype1, kSolidTriangle);
+  EXPECT_EQ(style.m_arrowtype2, kSolidTriangle);
+  EXPECT_EQ(style.m_leaderarrowtype, kSolidTriangle);
+}
+
 TEST(Annotation, IsValidWithAPlaneAndNumbersAlone) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   const double inf = std::numeric_limits<double>::infinity();

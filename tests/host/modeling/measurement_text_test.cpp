@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace {
@@ -140,6 +141,34 @@ TEST(MeasurementText, FiguresThatAreNoNumbersDoNoHarm) {
   style.m_lengthfactor = std::nan("");
   style.m_round = std::nan("");
   EXPECT_EQ(OfLength(2, style), "2.0");
+}
+
+TEST(MeasurementText, FactorsAndMultiplesThatMakeNoSenseChangeNothing) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  for (const double wrong : {0.0, -1.0, kInfinity, -kInfinity}) {
+    for (const int format : {0, 1, 2}) {
+      ON_DimStyle style = Lengths(format, 3);
+      const std::string expected = OfLength(5.5, style);
+      style.m_lengthfactor = wrong;
+      style.m_round = wrong;
+      EXPECT_EQ(OfLength(5.5, style), expected) << wrong;
+    }
+  }
+  ON_DimStyle style = Lengths(0, 1);
+  style.m_lengthfactor = 1e308;
+  style.m_round = 1e-320;
+  EXPECT_EQ(OfLength(25, style), "25.0");
+}
+
+// Places for the number times what stands around it, that would be a hundred gigabytes.
+TEST(MeasurementText, AnEndlessTextIsNotMultiplied) {
+  std::string places;
+  for (int i = 0; i < 300000; ++i) places += "<>";
+  ON_DimStyle style = Lengths(0, 1);
+  style.m_suffix = std::string(400000, '-');
+  const std::string text = OfLength(5, style, places);
+  EXPECT_TRUE(text.starts_with("5.0----"));
+  EXPECT_LT(text.size(), 5000000u);
 }
 
 }  // namespace
