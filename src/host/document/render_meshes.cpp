@@ -107,10 +107,10 @@ void MakeAll(std::vector<Making>& makings) {
   };
   const std::size_t count =
       std::min<std::size_t>(makings.size(), std::max(1u, std::thread::hardware_concurrency()));
-  std::vector<std::thread> helpers;
-  for (std::size_t i = 1; i < count; ++i) helpers.emplace_back(work);
+  std::vector<std::thread> workers;
+  for (std::size_t i = 1; i < count; ++i) workers.emplace_back(work);
   work();
-  for (std::thread& helper : helpers) helper.join();
+  for (std::thread& worker : workers) worker.join();
 }
 
 std::string NameOf(const CRhinoObject& object) {
