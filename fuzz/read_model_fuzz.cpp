@@ -9,6 +9,7 @@
 #include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_nurbs_surface.h"
 #include "host/geometry/on_subd.h"
+#include "host/modeling/annotation_drawings.h"
 
 namespace {
 
@@ -58,6 +59,21 @@ void Ask(const ON_SubD& subd) {
   static_cast<void>(subd.BoundingBox());
 }
 
+// And annotations, whose drawings are made of valid curves and texts at points.
+void Ask(const ON_Annotation& annotation) {
+  if (!annotation.IsValid()) __builtin_trap();
+  static_cast<void>(annotation.BoundingBox());
+  const ON_DimStyle& style = annotation.DimStyle(nullptr);
+  const host::MeasureText measure = [](const ON_TextEntity2& text) {
+    return 0.5 * text.m_height * static_cast<double>(text.m_text.size());
+  };
+  const host::ExplodedAnnotation drawing = host::DrawAnnotation(annotation, style, measure);
+  for (const auto& curve : drawing.curves) Ask(*curve);
+  for (const ON_TextEntity2& text : drawing.texts) {
+    if (!text.m_plane.origin.IsValid()) __builtin_trap();
+  }
+}
+
 }  // namespace
 
 // Documents of foreign bytes: whatever they are, reading ends with a result.
@@ -72,6 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (const ON_Brep* brep = ON_Brep::Cast(object.m_geometry.get())) Ask(*brep);
     if (const auto* extrusion = ON_Extrusion::Cast(object.m_geometry.get())) Ask(*extrusion);
     if (const ON_SubD* subd = ON_SubD::Cast(object.m_geometry.get())) Ask(*subd);
+    if (const auto* annotation = ON_Annotation::Cast(object.m_geometry.get())) Ask(*annotation);
   }
   return 0;
 }

@@ -204,6 +204,32 @@ ONX_Model Solids(int version) {
   return model;
 }
 
+// Annotations and their styles, whose records differ from version to version.
+ONX_Model Annotations(int version) {
+  using Type = ON_Annotation::Type;
+  ONX_Model model;
+  model.m_3dm_file_version = version;
+  ON_DimStyle& style = model.m_dimstyle_table.emplace_back();
+  style.m_id = Id(20);
+  style.m_font = "Arial";
+  const std::pair<Type, std::vector<ON_2dPoint>> all[] = {
+      {Type::text, {}},
+      {Type::leader, {{0, 0}, {3, 4}, {9, 4}}},
+      {Type::linear, {{0, 0}, {10, 3}, {5, 8}}},
+      {Type::radius, {{0, 0}, {4, 3}, {8, 6}, {10, 6}}},
+      {Type::angular, {{0, 0}, {4, 0}, {0, 4}, {6, 6}}},
+      {Type::ordinate, {{7, 2}, {9, 12}, {7, 9}, {9, 10}}}};
+  for (const auto& [type, points] : all) {
+    auto annotation = std::make_shared<ON_Annotation>();
+    annotation->m_type = type;
+    annotation->m_points = points;
+    annotation->m_text = "{\\rtf1\\deff0{\\fonttbl{\\f0 Arial;}}<> \\u176?\\'e9\\par}";
+    annotation->m_dimstyle_id = Id(20);
+    AddObject(model, std::move(annotation));
+  }
+  return model;
+}
+
 ONX_Model Empty(int version) {
   ONX_Model model;
   model.m_3dm_file_version = version;
@@ -243,6 +269,8 @@ int main(int argc, char** argv) {
                   Write(folder, "solids_50.3dm", WriteModel(Solids(50))) &&
                   Write(folder, "solids_70.3dm", UnderVersion(WriteModel(Solids(80)), "70")) &&
                   Write(folder, "solids_80.3dm", WriteModel(Solids(80))) &&
+                  Write(folder, "annotations_4.3dm", WriteModel(Annotations(4))) &&
+                  Write(folder, "annotations_50.3dm", WriteModel(Annotations(50))) &&
                   Write(folder, "cut.3dm", wide.substr(0, wide.size() * 3 / 4));
   return ok ? 0 : 1;
 }

@@ -32,7 +32,8 @@ void WriteLook(RibWriter& writer, ON_Color color) {
 double WidthOf(const CRhinoAnnotationObject& object, const ObjectAttributes& attributes,
                const RenderSettings& settings) {
   ON_DimStyle style;
-  if (!attributes.UseLineWidth && object.GetDimStyle(style) && IsSetNumber(style.m_arrowsize)) {
+  if (!attributes.UseLineWidth && object.GetDimStyle(style) && IsSetNumber(style.m_arrowsize) &&
+      style.m_arrowsize >= 0) {
     return style.m_arrowsize * kLineWidthOfArrows;
   }
   return LineWidth(attributes, settings);
@@ -40,7 +41,7 @@ double WidthOf(const CRhinoAnnotationObject& object, const ObjectAttributes& att
 
 // Writes what fills a closed curve. Null is nothing.
 void WriteFilled(RibWriter& writer, std::unique_ptr<ON_Brep> brep) {
-  if (brep != nullptr && brep->MakeValidForV2()) WriteBrep(writer, *brep);
+  if (brep != nullptr && brep->MakeValidForV2()) WriteBrep(writer, std::move(*brep));
 }
 
 // A closed curve is an arrowhead, or another filled shape.

@@ -1,6 +1,6 @@
 #include "export/nurbs_writer.h"
 
-#include <deque>
+#include <memory>
 #include <vector>
 
 #include "export/attribute_scope.h"
@@ -12,12 +12,11 @@ namespace {
 
 constexpr int kWritten = 1;
 
-// The NURBS form of a curve or surface, which stands in `made` unless the geometry is that form
-// itself. Null when there is none that can be evaluated.
-template <class Nurbs, class Geometry>
-const Nurbs* FormOf(const Geometry& geometry, Nurbs& made) {
-  const Nurbs* form = Nurbs::Cast(&geometry);
-  if (form == nullptr && geometry.GetNurbForm(made)) form = &made;
+// The NURBS form of a surface, which is in `made` unless the surface is one itself. Null when there
+// is none that can be evaluated.
+const ON_NurbsSurface* FormOf(const ON_Surface& surface, ON_NurbsSurface& made) {
+  const ON_NurbsSurface* form = ON_NurbsSurface::Cast(&surface);
+  if (form == nullptr && surface.GetNurbForm(made)) form = &made;
   return form != nullptr && form->IsValid() ? form : nullptr;
 }
 
@@ -80,10 +79,15 @@ class FaceWriter {
     made_.clear();
     for (const int loop : face.m_li) {
       for (const int trim : brep_.m_L[static_cast<std::size_t>(loop)].m_ti) {
-        const ON_Curve& curve = brep_.CurveOf(brep_.m_T[static_cast<std::size_t>(trim)]);
-        if (const ON_NurbsCurve* form = FormOf(curve, made_.emplace_back())) trims_.push_back(form);
+        AddTrim(brep_.CurveOf(brep_.m_T[static_cast<std::size_t>(trim)]));
       }
     }
+  }
+
+  void AddTrim(const ON_Curve& curve) {
+    const ON_NurbsCurve* form = ON_NurbsCurve::Cast(&curve);
+    if (form == nullptr) form = made_.emplace_back(curve.NurbsCurve()).get();
+    if (form != nullptr && form->IsValid()) trims_.push_back(form);
   }
 
   // One array: what `write` writes of each trim.
@@ -128,7 +132,7 @@ class FaceWriter {
   // Of the face that is being written, by loops.
   std::vector<const ON_NurbsCurve*> trims_;
   // Those of them that had to be made.
-  std::deque<ON_NurbsCurve> made_;
+  std::vector<std::unique_ptr<ON_NurbsCurve>> made_;
 };
 
 void WriteWholeSurface(RibWriter& writer, const ON_Brep& brep) {
@@ -146,22 +150,21 @@ void Reparameterize(const RibWriter& writer, ON_Brep& brep, int face) {
 
 }  // namespace
 
-int WriteBrep(RibWriter& writer, const ON_Brep& brep) {
-  ON_Brep copy = brep;
-  copy.Compact();
-  if (copy.IsSurface()) {
-    Reparameterize(writer, copy, 0);
-    WriteWholeSurface(writer, copy);
+int WriteBrep(RibWriter& writer, ON_Brep brep) {
+  brep.Compact();
+  if (brep.IsSurface()) {
+    Reparameterize(writer, brep, 0);
+    WriteWholeSurface(writer, brep);
     return kWritten;
   }
-  const std::size_t curves = copy.m_C2.size(), surfaces = copy.m_S.size();
-  FaceWriter faceWriter(writer, copy);
-  for (int i = 0; i < static_cast<int>(copy.m_F.size()); ++i) {
-    Reparameterize(writer, copy, i);
-    faceWriter.WriteFace(copy.m_F[static_cast<std::size_t>(i)], !copy.FaceIsSurface(i));
+  const std::size_t curves = brep.m_C2.size(), surfaces = brep.m_S.size();
+  FaceWriter faceWriter(writer, brep);
+  for (int i = 0; i < static_cast<int>(brep.m_F.size()); ++i) {
+    Reparameterize(writer, brep, i);
+    faceWriter.WriteFace(brep.m_F[static_cast<std::size_t>(i)], !brep.FaceIsSurface(i));
     // What was made for this face: all faces' at once might fill the memory.
-    copy.m_C2.resize(curves);
-    copy.m_S.resize(surfaces);
+    brep.m_C2.resize(curves);
+    brep.m_S.resize(surfaces);
   }
   return kWritten;
 }

@@ -10,6 +10,6 @@ namespace orv {
 // curves in the curves' own direction, see ON_Brep::MakeValidForV2. With the writer's
 // Reparameterize all surfaces have the domain 0 to 1. A surface that can't be evaluated writes no
 // NuPatch; a trim that can't be is left out, but counted in its loop. Always 1.
-int WriteBrep(RibWriter& writer, const ON_Brep& brep);
+int WriteBrep(RibWriter& writer, ON_Brep brep);
 
 }  // namespace orv

@@ -1,6 +1,7 @@
 #include "export/surface_geometry.h"
 
 #include <unordered_set>
+#include <utility>
 
 #include "export/mesh_writer.h"
 #include "export/nurbs_writer.h"
@@ -30,7 +31,7 @@ bool WriteNurbs(RibWriter& writer, const ON_Brep& brep) {
   ON_Brep copy = brep;
   // A trim that can't be given a curve of its own keeps what it has.
   static_cast<void>(copy.MakeValidForV2());
-  return WriteBrep(writer, copy) != 0;
+  return WriteBrep(writer, std::move(copy)) != 0;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 
 #include "line_fixture.h"
 #include "support/rib_checker.h"
@@ -86,13 +87,13 @@ TEST_F(AnnotationWriterTest, LinesAreRibbonsOfATwentiethOfTheArrows) {
 
 TEST_F(AnnotationWriterTest, ArrowheadsAndLettersAreFilled) {
   const RibReport report = Report();
-  // Two arrows, a 3 and a 0 with its counter.
-  EXPECT_GE(report.Named("NuPatch").size(), 4u);
+  // Two arrows and 30.00, of which each 0 has a counter.
+  EXPECT_EQ(report.Named("NuPatch").size(), 7u);
   const auto trims = report.Named("TrimCurve");
-  ASSERT_GE(trims.size(), 4u);
-  EXPECT_TRUE(std::any_of(trims.begin(), trims.end(), [](const RibStatement* trim) {
-    return trim->Arguments[0].Numbers.size() == 2;
-  }));
+  EXPECT_EQ(std::count_if(
+                trims.begin(), trims.end(),
+                [](const RibStatement* trim) { return trim->Arguments[0].Numbers.size() == 2; }),
+            3);
 }
 
 TEST_F(AnnotationWriterTest, FacesAreReparameterizedAsAllAreInAStream) {
@@ -115,6 +116,17 @@ TEST_F(AnnotationWriterTest, TheObjectsOwnWidthCountsInThePlaceOfTheStyle) {
 TEST_F(AnnotationWriterTest, WithoutAStyleLinesAreAsWideAsCurves) {
   annotation_->m_dimstyle_id = {};
   EXPECT_THAT(Block(), HasSubstr("\"constantwidth\" [0.5]\n"));
+  // Two arrows and 30.00.
+  EXPECT_EQ(Report().Named("NuPatch").size(), 7u);
+}
+
+TEST_F(AnnotationWriterTest, ArrowsOfNoSizeMakeNoWidth) {
+  for (const double size :
+       {-4.0, std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
+    model_.m_dimstyle_table[0].m_arrowsize = size;
+    EXPECT_THAT(Block(), HasSubstr("\"constantwidth\" [0.5]\n")) << size;
+    EXPECT_THAT(Block(), Not(HasSubstr("nan"))) << size;
+  }
 }
 
 TEST_F(AnnotationWriterTest, AWidthOfZeroMakesTheAnnotationVanish) {
@@ -162,9 +174,18 @@ TEST_F(AnnotationWriterTest, AnAnnotationWithoutADrawingWritesNothing) {
   EXPECT_THAT(Block(), IsEmpty());
 }
 
-TEST_F(AnnotationWriterTest, ATextOfBlanksIsAnEmptyBlockAtMost) {
+TEST_F(AnnotationWriterTest, ATextWithoutLettersIsAnEmptyBlock) {
   MakeText("  ");
-  EXPECT_THAT(Block(), testing::AnyOf(IsEmpty(), std::string(kHead) + "AttributeEnd\n"));
+  EXPECT_EQ(Block(), std::string(kHead) + "AttributeEnd\n");
+}
+
+// Its letters' outlines are no numbers, or all in one place.
+TEST_F(AnnotationWriterTest, ATextWhoseLettersMakeNoFacesIsAnEmptyBlock) {
+  MakeText("lost");
+  for (const double height : {1e308, 1e-300}) {
+    model_.m_dimstyle_table[0].m_textheight = height;
+    EXPECT_EQ(Block(), std::string(kHead) + "AttributeEnd\n") << height;
+  }
 }
 
 TEST_F(AnnotationWriterTest, EachKindIsDrawn) {

@@ -2,8 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "export/object_walk.h"
+#include "host/geometry/on_annotation.h"
+#include "host/geometry/on_brep.h"
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_point_cloud.h"
+#include "host/geometry/on_subd.h"
 #include "support/blocks.h"
 #include "walk_fixture.h"
 
@@ -197,6 +200,61 @@ TEST_F(BlockTest, AMeshWithThePlacementsMaterialHasItAtItsPlaceAlone) {
 )");
 }
 
+TEST_F(BlockTest, ASubdivisionSurfaceIsAnArchiveAsAMeshIs) {
+  UseMaterials();
+  settings_.Outline = true;
+  settings_.ToonId = 2;
+  auto net = std::make_shared<ON_SubD>();
+  for (const ON_3dPoint& p : {ON_3dPoint{0, 0, 0}, {1, 0, 0}, {1, 1, 0}}) {
+    net->m_vertex.push_back({p, ON_SubDVertex::Tag::smooth});
+  }
+  net->m_face = {{{0, 1, 2}}};
+  Place(AddBlock(model_, "Leaf", {WithMaterial(ObjectOf(net), 0, ON_AttributeSource::parent)}));
+  model_.m_object_table.back() = WithMaterial(std::move(model_.m_object_table.back()), 1);
+  EXPECT_EQ(Walk(), R"(
+  AttributeBegin
+    ArchiveBegin "Block_#0"
+      SubdivisionMesh "catmull-clark" [ 3 ] [0 1 2 ]
+       ["interpolateboundary"] [1 0] [1] [0]
+       "P" [ 0 0 0 1 0 0 1 1 0  ]
+    ArchiveEnd
+    Surface "placement"
+    Opacity [ 1 1 1 ]
+    ConcatTransform [1 0 0 0  0 1 0 0  0 0 1 0  0 0 0 1]
+    ArchiveInstance "Block_#0"
+  AttributeEnd
+)");
+}
+
+// Two surfaces whose render meshes have packed textures; one has the material of its placement.
+TEST_F(BlockTest, TheMaterialThatIsWrittenAsksForAMesh) {
+  UseMaterials();
+  settings_.RenderMesh = 1;
+  const auto mesh = SquareMesh();
+  mesh->m_srf_scale = {1, 1};
+  mesh->m_packed_tex_domain = {ON_Interval{0, 0.5}, ON_Interval{0, 1}};
+  ASSERT_TRUE(mesh->HasPackedTextureRegion());
+  const std::shared_ptr<ON_Brep> brep = SquareSurface().m_geometry->BrepForm();
+  brep->m_F[0].m_render_mesh = mesh;
+  const auto walk = [&](int needsMesh) {
+    UseMaterials();
+    model_.m_material_table[static_cast<std::size_t>(needsMesh)].SetUserString("OrvSurface",
+                                                                               "\"VWeave\"");
+    Place(AddBlock(model_, "Pair",
+                   {WithMaterial(ObjectOf(brep), 0),
+                    WithMaterial(ObjectOf(brep), 0, ON_AttributeSource::parent)}));
+    model_.m_object_table.back() = WithMaterial(std::move(model_.m_object_table.back()), 1);
+    blocks_ = {};
+    return Walk();
+  };
+  const std::string own = walk(0);
+  EXPECT_THAT(own, HasSubstr(SquarePolygon(6) + "    ArchiveEnd\n    ConcatTransform"));
+  EXPECT_THAT(own, HasSubstr(SquarePatch(6) + "    ArchiveEnd\n    Surface \"placement\""));
+  const std::string placement = walk(1);
+  EXPECT_THAT(placement, HasSubstr(SquarePatch(6) + "    ArchiveEnd\n    ConcatTransform"));
+  EXPECT_THAT(placement, HasSubstr(SquarePolygon(6) + "    ArchiveEnd\n    Surface \"VWeave\""));
+}
+
 TEST_F(BlockTest, AnInteractiveSessionNumbersPiecesAndPlacements) {
   UseMaterials();
   const orv::IprSettings ipr;
@@ -237,6 +295,48 @@ TEST_F(BlockTest, ACurveIsAnArchiveAndPointsAreWrittenWhereTheyStand) {
   EXPECT_THAT(blocks_.InOrder(), SizeIs(1));
 }
 
+TEST_F(BlockTest, ACurveHasItsOwnMaterialInItsArchiveAndNoneAtItsPlace) {
+  UseMaterials();
+  settings_.RenderCurves = true;
+  std::vector<ONX_ModelObject> lines = {WithMaterial(Line(), 0),
+                                        WithMaterial(Line(), 0, ON_AttributeSource::parent)};
+  for (ONX_ModelObject& line : lines) line.m_attributes.SetUserString("OrvShadeCurves", "Yes");
+  Place(AddBlock(model_, "Marks", std::move(lines)));
+  model_.m_object_table.back() = WithMaterial(std::move(model_.m_object_table.back()), 1);
+  const std::string text = Walk();
+  EXPECT_THAT(text, testing::StartsWith(R"(
+  AttributeBegin
+    ArchiveBegin "Block_#0"
+      Surface "own"
+      Opacity [ 1 1 1 ]
+      Curves "linear" [2] "nonperiodic" "P" [ 0 0 0 1 0 0 ] "constantwidth" [1]
+    ArchiveEnd
+    ConcatTransform [1 0 0 0  0 1 0 0  0 0 1 0  0 0 0 1]
+    ArchiveInstance "Block_#0"
+  AttributeEnd
+
+  AttributeBegin
+    ArchiveBegin "Block_#1"
+)"));
+  EXPECT_EQ(CountOf(text, "      Surface \"own\"\n"), 2u);
+  EXPECT_THAT(text, Not(HasSubstr("placement")));
+}
+
+TEST_F(BlockTest, AnAnnotationIsWrittenWhereItStandsAtEachPlacement) {
+  settings_.RenderDimensions = true;
+  auto leader = std::make_shared<ON_Annotation>();
+  leader->m_type = ON_Annotation::Type::leader;
+  leader->m_points = {{1, 2}, {4, 2}};
+  const ON_UUID block = AddBlock(model_, "Notes", {ObjectOf(leader)});
+  Place(block, TranslationBy(1, 0, 0));
+  Place(block, TranslationBy(2, 0, 0));
+  const std::string text = Walk();
+  EXPECT_EQ(CountOf(text, "\"P\" [1 2 0 4 2 0 ]"), 2u);
+  EXPECT_THAT(text, Not(HasSubstr("Archive")));
+  EXPECT_THAT(text, Not(HasSubstr("ConcatTransform")));
+  EXPECT_THAT(blocks_.InOrder(), SizeIs(0));
+}
+
 TEST_F(BlockTest, AReplacedObjectLeavesItsArchiveOpenAndHasNoInstance) {
   ONX_ModelObject tile = SquareSurface();
   tile.m_attributes.SetUserString("OrvArchiveMode", "replace");
@@ -255,6 +355,21 @@ TEST_F(BlockTest, AReplacedObjectLeavesItsArchiveOpenAndHasNoInstance) {
       ArchiveInstance "Block_#0"
     AttributeEnd
 )");
+}
+
+TEST_F(BlockTest, SoDoesAReplacedMeshWhateverItsMaterial) {
+  UseMaterials();
+  ONX_ModelObject tile = WithMaterial(ObjectOf(SquareMesh()), 0, ON_AttributeSource::parent);
+  tile.m_attributes.SetUserString("OrvMeshFile", "tree");
+  tile.m_attributes.SetUserString("OrvUseMeshFile", "bakeanduse");
+  Place(AddBlock(model_, "Tile", {std::move(tile)}));
+  model_.m_object_table.push_back(SquareSurface());
+  const std::string text = Walk();
+  EXPECT_THAT(text, testing::StartsWith("\n  AttributeBegin\n    ArchiveBegin \"Block_#0\"\n"
+                                        "      ReadArchive \"tree"));
+  EXPECT_THAT(text, HasSubstr("\"\n    AttributeEnd\n\n    AttributeBegin\n"));
+  EXPECT_THAT(text, testing::EndsWith(SquarePatch(6) + "    AttributeEnd\n"));
+  EXPECT_EQ(CountOf(text, "Archive"), 2u);
 }
 
 TEST_F(BlockTest, BlocksInBlocksAreFlat) {

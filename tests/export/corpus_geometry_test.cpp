@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,10 +30,17 @@ class ExpectedStream {
     }
   }
 
+  // A face that goes out as NURBS.
+  struct Face {
+    const Json* face;
+    // Whether it has trims; the facts tell it of a brep's only face.
+    std::optional<bool> isTrimmed;
+  };
+
   // How often each statement should occur.
   std::map<std::string, std::size_t> Counts;
-  // The faces that go out as NURBS, in their order, and the curves.
-  std::vector<const Json*> Faces;
+  // In their order.
+  std::vector<Face> Faces;
   std::vector<const Json*> Curves;
 
  private:
@@ -69,7 +77,7 @@ class ExpectedStream {
       }
     } else if (type == "surface") {
       ++Counts[renderMesh_ == 2 ? "PointsPolygons" : "NuPatch"];
-      if (renderMesh_ != 2) Faces.push_back(&geometry);
+      if (renderMesh_ != 2) Faces.push_back({&geometry, false});
     } else if (type == "mesh") {
       if (geometry["F"].get<int>() > 0) ++Counts["PointsPolygons"];
     } else if (type == "subd") {
@@ -86,8 +94,11 @@ class ExpectedStream {
   }
 
   void AddFaces(const Json& brep) {
+    const bool isOnlyFace = brep["face"].size() == 1;
     for (const Json& face : brep["face"]) {
-      Faces.push_back(&face);
+      Faces.push_back({&face, std::nullopt});
+      if (face["loops"].size() > 1) Faces.back().isTrimmed = true;
+      if (isOnlyFace) Faces.back().isTrimmed = !brep["is_surface"].get<bool>();
       ++Counts["NuPatch"];
       if (face["rev"].get<bool>()) ++Counts["ReverseOrientation"];
     }
@@ -156,17 +167,12 @@ void ExpectPatch(const RibStatement& patch, const Json& nurbs) {
 }
 
 // The trims that stand before a patch; without any, the face is its whole surface.
-void ExpectTrims(const RibStatement* trims, const Json& face) {
-  if (!face.contains("loops")) {
-    EXPECT_EQ(trims, nullptr);
-    return;
-  }
-  if (trims == nullptr) {
-    EXPECT_EQ(face["loops"].size(), 1U);
-    return;
-  }
+void ExpectTrims(const RibStatement* trims, const ExpectedStream::Face& face) {
+  const bool hasTrims = trims != nullptr;
+  EXPECT_EQ(hasTrims, face.isTrimmed.value_or(hasTrims));
+  if (!hasTrims || !face.face->contains("loops")) return;
   std::vector<double> expected;
-  for (const Json& loop : face["loops"]) expected.push_back(loop["trims"].get<double>());
+  for (const Json& loop : (*face.face)["loops"]) expected.push_back(loop["trims"].get<double>());
   EXPECT_EQ(trims->Arguments[0].Numbers, expected);
 }
 
@@ -179,7 +185,7 @@ bool IsLight(const RibReport& report, const RibStatement& statement) {
   return false;
 }
 
-void ExpectFaces(const RibReport& report, const std::vector<const Json*>& faces) {
+void ExpectFaces(const RibReport& report, const std::vector<ExpectedStream::Face>& faces) {
   std::size_t next = 0;
   const RibStatement* trims = nullptr;
   for (const RibStatement& statement : report.Statements) {
@@ -187,8 +193,8 @@ void ExpectFaces(const RibReport& report, const std::vector<const Json*>& faces)
     if (statement.Name != "NuPatch") continue;
     ASSERT_LT(next, faces.size());
     SCOPED_TRACE("face " + std::to_string(next));
-    const Json& face = *faces[next++];
-    ExpectTrims(trims, face);
+    ExpectTrims(trims, faces[next]);
+    const Json& face = *faces[next++].face;
     ExpectPatch(statement, face.contains("srf") ? face["srf"]["nurbs"] : face["nurbs"]);
     trims = nullptr;
   }

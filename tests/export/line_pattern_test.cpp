@@ -82,6 +82,7 @@ TEST_F(LinePatternTest, OfSixSegmentsHasAThirdDash) {
                 "Surface \"VDashes\" \"float Frequency\" [1.5] \"float FirstDash\" [0.4]\n"
                 "  \"float FirstGap\" [0.05] \"float SecondDash\" [0.2]\n"
                 "  \"float SecondGap\" [0.1] \"float ThirdDash\" [0.1]\n");
+  EXPECT_EQ(PatternOf({8, 1, 4, 2, 2, 3, 50}), PatternOf({8, 1, 4, 2, 2, 3}));
   EXPECT_EQ(PatternOf({8, 1, 4, 2, 2, 3, 50, 60}), PatternOf({8, 1, 4, 2, 2, 3}));
 }
 

@@ -22,7 +22,7 @@ using testing::Not;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-// What is written of a brep, of which nothing is reparameterized.
+// What is written of a brep.
 std::string BrepText(const ON_Brep& brep, int reparameterize = 0) {
   return Written([&](RibWriter& writer) {
     writer.Reparameterize = reparameterize;

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <thread>
 
+#include "host/geometry/on_annotation.h"
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_point_cloud.h"
 #include "host/geometry/on_subd.h"
@@ -120,6 +121,27 @@ TEST_F(ObjectWalkTest, CurvesAndPointsAreWrittenWhereTheSceneAsksForThem) {
   EXPECT_THAT(text, HasSubstr("  AttributeEnd\n\n  AttributeBegin\n"));
   EXPECT_THAT(text, HasSubstr("    Points \"P\" [0 0 0 ]\n"));
   EXPECT_THAT(text, HasSubstr("    Points \"P\" [0 0 0] \"constantwidth\" [1]\n"));
+}
+
+TEST_F(ObjectWalkTest, AnnotationsAreWrittenWhereTheSceneAsksForThem) {
+  auto leader = std::make_shared<ON_Annotation>();
+  leader->m_type = ON_Annotation::Type::leader;
+  leader->m_points = {{0, 0}, {3, 0}};
+  const auto walk = [&](bool curves, bool dimensions) {
+    model_.m_object_table = {ObjectOf(leader)};
+    settings_.RenderCurves = curves;
+    settings_.RenderDimensions = dimensions;
+    return Walk();
+  };
+  EXPECT_EQ(walk(false, false), "");
+  EXPECT_EQ(walk(true, false), "");
+  for (const bool curves : {false, true}) {
+    const std::string text = walk(curves, true);
+    EXPECT_THAT(text, testing::StartsWith(
+                          "\n  AttributeBegin\n    Color 0 0 0\n    Surface \"constant\"\n"));
+    EXPECT_THAT(text, HasSubstr("    NuCurves [2] [2] [0 0 3 3] [0] [3] \"P\" [0 0 0 3 0 0 ]"));
+    EXPECT_TRUE(text.ends_with("\n  AttributeEnd\n"));
+  }
 }
 
 TEST_F(ObjectWalkTest, ACurveOfNoWidthHasNoBlock) {

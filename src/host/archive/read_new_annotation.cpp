@@ -99,7 +99,7 @@ bool ReadDimensionPart(ON_BinaryArchive& archive, ON_Annotation& annotation) {
   // Instead of the text as it was displayed last.
   annotation.m_text = PlainTextFromRichText(annotation.m_text);
   if (!has_default_place) annotation.m_text_point = text_point;
-  if (!detail_id.IsNil()) annotation.m_distance_scale = scale;
+  if (!detail_id.IsNil() && ON_IsValid(scale) && scale > 0) annotation.m_distance_scale = scale;
   return true;
 }
 

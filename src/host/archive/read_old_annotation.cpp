@@ -4,6 +4,7 @@
 #include "host/archive/chunk_scope.h"
 #include "host/archive/read_annotation_parts.h"
 #include "host/archive/rich_text.h"
+#include "host/system/text.h"
 
 // Annotations of versions 3 to 5, which name their style by its position, and those of version 2.
 
@@ -252,12 +253,15 @@ bool ReadOldestAnnotation(ON_BinaryArchive& archive, ON_Annotation& annotation) 
   annotation.m_text = PlainTextFromRichText(annotation.m_text);
   old.is_text_moved = is_text_moved != 0;
   if (annotation.m_type == Type::text) {
+    constexpr std::size_t kMaxFontName = 256;
     std::int32_t weight = 0;
     ON_DimStyle& style = annotation.m_override.emplace();
     if (!archive.ReadString(&style.m_font) || !archive.ReadInt(&weight) ||
         !archive.ReadDouble(&style.m_textheight)) {
       return false;
     }
+    // No font has a longer name.
+    style.m_font.resize(FirstCodePoints(style.m_font, kMaxFontName).size());
     style.m_bold = IsBoldWeight(weight);
   }
   if (annotation.m_type == Type::angular) {

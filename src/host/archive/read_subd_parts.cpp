@@ -32,11 +32,14 @@ bool SkipEnd(ON_BinaryArchive& archive) {
   return archive.Skip(1);
 }
 
-// A byte that tells whether a point follows, and that point.
-bool SkipOptionalPoint(ON_BinaryArchive& archive) {
-  std::uint8_t is_present = 0;
-  if (!archive.ReadChar(&is_present)) return false;
-  return is_present == 0 || archive.Skip(sizeof(ON_3dPoint));
+// Two points, each behind a byte that tells whether it follows.
+bool SkipOptionalPoints(ON_BinaryArchive& archive) {
+  for (int i = 0; i < 2; ++i) {
+    std::uint8_t is_present = 0;
+    if (!archive.ReadChar(&is_present)) return false;
+    if (is_present != 0 && !archive.Skip(sizeof(ON_3dPoint))) return false;
+  }
+  return true;
 }
 
 // What each part begins with. Its number is the next one of its kind.
@@ -47,7 +50,7 @@ bool ReadBase(ON_BinaryArchive& archive, std::uint32_t expected_number) {
   if (!archive.ReadInt(&number) || !archive.Skip(kUnusedSize)) return false;
   if (number != expected_number) return archive.Fail("the parts of a SubD are out of order");
   if (archive.Archive3dmVersion() >= kFirstWithAdditions) return SkipAdditions(archive);
-  return SkipOptionalPoint(archive) && SkipOptionalPoint(archive);
+  return SkipOptionalPoints(archive);
 }
 
 bool ReadUnsignedShort(ON_BinaryArchive& archive, std::size_t* value) {

@@ -64,9 +64,9 @@ void MakeMeshesOfBrep(const ON_Brep& brep, const ON_MeshParameters& parameters, 
 }
 
 // The mesh that the document holds for an extrusion as a whole; null when it holds none.
-const ON_Mesh* MeshOfExtrusion(const ON_Geometry* geometry) {
+std::shared_ptr<const ON_Mesh> MeshOfExtrusion(const ON_Geometry* geometry) {
   const ON_Extrusion* extrusion = ON_Extrusion::Cast(geometry);
-  return extrusion == nullptr ? nullptr : extrusion->m_render_mesh.get();
+  return extrusion == nullptr ? nullptr : extrusion->m_render_mesh;
 }
 
 void MakeMeshes(Making& making) {
@@ -77,8 +77,8 @@ void MakeMeshes(Making& making) {
     MakeMeshesOfBrep(*brep, parameters, making);
   } else if (const auto mesh = std::dynamic_pointer_cast<const ON_Mesh>(geometry)) {
     making.meshes = {mesh};
-  } else if (const ON_Mesh* held = MeshOfExtrusion(geometry.get())) {
-    making.meshes = {std::shared_ptr<const ON_Mesh>(geometry, held)};
+  } else if (const auto held = MeshOfExtrusion(geometry.get())) {
+    making.meshes = {held};
   } else if (geometry != nullptr && geometry->HasBrepForm()) {
     const std::unique_ptr<ON_Brep> form = geometry->BrepForm();
     if (form == nullptr) making.failed_faces = -1;
@@ -108,10 +108,10 @@ void MakeAll(std::vector<Making>& makings) {
   };
   const std::size_t count =
       std::min<std::size_t>(makings.size(), std::max(1u, std::thread::hardware_concurrency()));
-  std::vector<std::thread> helpers;
-  for (std::size_t i = 1; i < count; ++i) helpers.emplace_back(work);
+  std::vector<std::thread> workers;
+  for (std::size_t i = 1; i < count; ++i) workers.emplace_back(work);
   work();
-  for (std::thread& helper : helpers) helper.join();
+  for (std::thread& worker : workers) worker.join();
 }
 
 void TellFailure(const Making& making) {

@@ -108,7 +108,7 @@ class ON_Brep : public ON_Geometry {
   // Drops curves and surfaces that no trim, edge or face names. The others keep their order.
   void Compact();
   // Makes each trim stand for the whole of a 2D curve of its own in the curve's own direction, in
-  // NURBS form. False when a curve has none: that trim then keeps what it has.
+  // NURBS form. False when a curve has none; the trims that need one then keep what they have.
   bool MakeValidForV2();
   // Appends the meshes of the faces, in their order; faces without one are left out. Returns how
   // many.

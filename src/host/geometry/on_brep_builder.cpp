@@ -7,17 +7,17 @@ int ON_BrepBuilder::AddVertex(ON_3dPoint p) {
   return static_cast<int>(brep_->m_V.size()) - 1;
 }
 
-int ON_BrepBuilder::AddEdge(ON_NurbsCurve curve, int from, int to) {
+int ON_BrepBuilder::AddEdge(std::shared_ptr<const ON_Curve> curve, int from, int to) {
   const int index = static_cast<int>(brep_->m_E.size());
   ON_BrepEdge& edge = brep_->m_E.emplace_back();
   edge.m_c3i = static_cast<int>(brep_->m_C3.size());
-  edge.m_domain = curve.Domain();
+  edge.m_domain = curve->Domain();
   edge.m_vi = {from, to};
   edge.m_tolerance = 0;
   for (const int vertex : edge.m_vi) {
     brep_->m_V[static_cast<std::size_t>(vertex)].m_ei.push_back(index);
   }
-  brep_->m_C3.push_back(std::make_shared<ON_NurbsCurve>(std::move(curve)));
+  brep_->m_C3.push_back(std::move(curve));
   return index;
 }
 
@@ -35,13 +35,13 @@ void ON_BrepBuilder::AddLoop(ON_BrepLoop::Type type) {
   loop.m_fi = static_cast<int>(brep_->m_F.size()) - 1;
 }
 
-void ON_BrepBuilder::AddTrim(ON_NurbsCurve curve, int edge, bool is_reversed,
+void ON_BrepBuilder::AddTrim(std::shared_ptr<const ON_Curve> curve, int edge, bool is_reversed,
                              ON_BrepTrim::Iso iso) {
   const int index = static_cast<int>(brep_->m_T.size());
   ON_BrepEdge& its_edge = brep_->m_E[static_cast<std::size_t>(edge)];
   ON_BrepTrim& trim = brep_->m_T.emplace_back();
   trim.m_c2i = static_cast<int>(brep_->m_C2.size());
-  trim.m_domain = curve.Domain();
+  trim.m_domain = curve->Domain();
   trim.m_ei = edge;
   trim.m_vi = its_edge.m_vi;
   if (is_reversed) std::swap(trim.m_vi[0], trim.m_vi[1]);
@@ -51,7 +51,7 @@ void ON_BrepBuilder::AddTrim(ON_NurbsCurve curve, int edge, bool is_reversed,
   trim.m_tolerance = {0, 0};
   its_edge.m_ti.push_back(index);
   brep_->m_L.back().m_ti.push_back(index);
-  brep_->m_C2.push_back(std::make_shared<ON_NurbsCurve>(std::move(curve)));
+  brep_->m_C2.push_back(std::move(curve));
 }
 
 std::unique_ptr<ON_Brep> ON_BrepBuilder::Finish() {

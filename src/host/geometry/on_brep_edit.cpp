@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "host/geometry/on_brep.h"
 #include "host/geometry/on_curve_part.h"
 #include "host/geometry/on_nurbs_curve.h"
@@ -88,13 +86,13 @@ bool ON_Brep::MakeValidForV2() {
   bool all_are_whole = true;
   std::vector<std::shared_ptr<const ON_Curve>> curves;
   for (ON_BrepTrim& trim : m_T) {
-    const std::size_t index = curves.size();
-    if (std::shared_ptr<const ON_Curve> whole = WholeCurve(*this, trim)) {
-      SetWholeCurve(trim, *whole, index);
-      curves.push_back(std::move(whole));
+    if (auto curve = WholeCurve(*this, trim)) {
+      SetWholeCurve(trim, *curve, curves.size());
+      curves.push_back(std::move(curve));
     } else {
-      curves.push_back(ON_At(m_C2, std::exchange(trim.m_c2i, static_cast<int>(index))));
       all_are_whole = false;
+      curves.push_back(m_C2[static_cast<std::size_t>(trim.m_c2i)]);
+      trim.m_c2i = static_cast<int>(curves.size()) - 1;
     }
   }
   m_C2 = std::move(curves);

@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "host/geometry/on_brep.h"
+#include "host/geometry/on_brep_builder.h"
 #include "host/geometry/on_plane_boundary.h"
 #include "host/geometry/on_plane_surface.h"
 
@@ -36,80 +36,43 @@ ON_BrepTrim::Iso IsoOf(const ON_NurbsCurve& trim, const ON_PlaneSurface& surface
 class PlaneBuilder {
  public:
   explicit PlaneBuilder(std::shared_ptr<const ON_PlaneSurface> surface) : surface_(surface) {
-    brep_->m_S.push_back(std::move(surface));
-    ON_BrepFace& face = brep_->m_F.emplace_back();
-    face.m_si = 0;
+    builder_.AddFace(std::move(surface), false);
   }
 
   bool AddLoop(ON_PlaneBoundary boundary, ON_BrepLoop::Type type);
-  std::unique_ptr<ON_Brep> Finish() { return std::move(brep_); }
+  std::unique_ptr<ON_Brep> Finish() { return builder_.Finish(); }
 
  private:
-  void AddEdges(const std::vector<ON_BoundaryPiece>& pieces);
-  void AddTrim(std::shared_ptr<const ON_NurbsCurve> image, int edge_index, bool against_edge);
+  std::vector<int> AddEdges(const std::vector<ON_BoundaryPiece>& pieces);
 
   std::shared_ptr<const ON_PlaneSurface> surface_;
-  std::unique_ptr<ON_Brep> brep_ = std::make_unique<ON_Brep>();
+  ON_BrepBuilder builder_;
 };
 
 // An edge for each piece, with the vertices where they begin.
-void PlaneBuilder::AddEdges(const std::vector<ON_BoundaryPiece>& pieces) {
-  const std::size_t first = brep_->m_V.size();
+std::vector<int> PlaneBuilder::AddEdges(const std::vector<ON_BoundaryPiece>& pieces) {
+  std::vector<int> vertices, edges;
   for (const ON_BoundaryPiece& piece : pieces) {
-    ON_BrepVertex& vertex = brep_->m_V.emplace_back();
-    vertex.point = piece.curve->PointAtStart();
-    vertex.m_tolerance = 0;
+    vertices.push_back(builder_.AddVertex(piece.curve->PointAtStart()));
   }
   for (std::size_t i = 0; i < pieces.size(); ++i) {
-    const int index = static_cast<int>(brep_->m_E.size());
-    const std::size_t start = first + i, end = first + (i + 1) % pieces.size();
-    ON_BrepEdge& edge = brep_->m_E.emplace_back();
-    edge.m_c3i = static_cast<int>(brep_->m_C3.size());
-    edge.m_domain = pieces[i].curve->Domain();
-    edge.m_vi = {static_cast<int>(start), static_cast<int>(end)};
-    edge.m_tolerance = 0;
-    brep_->m_V[start].m_ei.push_back(index);
-    brep_->m_V[end].m_ei.push_back(index);
-    brep_->m_C3.push_back(pieces[i].curve);
+    const int end = vertices[(i + 1) % pieces.size()];
+    edges.push_back(builder_.AddEdge(pieces[i].curve, vertices[i], end));
   }
-}
-
-// Adds a trim to the last loop.
-void PlaneBuilder::AddTrim(std::shared_ptr<const ON_NurbsCurve> image, int edge_index,
-                           bool against_edge) {
-  const int index = static_cast<int>(brep_->m_T.size());
-  ON_BrepEdge& edge = brep_->m_E[static_cast<std::size_t>(edge_index)];
-  edge.m_ti.push_back(index);
-  ON_BrepTrim& trim = brep_->m_T.emplace_back();
-  trim.m_c2i = static_cast<int>(brep_->m_C2.size());
-  trim.m_domain = image->Domain();
-  trim.m_ei = edge_index;
-  trim.m_vi = edge.m_vi;
-  if (against_edge) std::swap(trim.m_vi[0], trim.m_vi[1]);
-  trim.m_bRev3d = against_edge;
-  trim.m_type = ON_BrepTrim::Type::boundary;
-  trim.m_iso = IsoOf(*image, *surface_);
-  trim.m_li = static_cast<int>(brep_->m_L.size()) - 1;
-  trim.m_tolerance = {0, 0};
-  brep_->m_L.back().m_ti.push_back(index);
-  brep_->m_C2.push_back(std::move(image));
+  return edges;
 }
 
 bool PlaneBuilder::AddLoop(ON_PlaneBoundary boundary, ON_BrepLoop::Type type) {
   const bool is_backwards = (boundary.area > 0) != (type == ON_BrepLoop::Type::outer);
-  const int first_edge = static_cast<int>(brep_->m_E.size());
-  AddEdges(boundary.pieces);
-  brep_->m_F[0].m_li.push_back(static_cast<int>(brep_->m_L.size()));
-  ON_BrepLoop& loop = brep_->m_L.emplace_back();
-  loop.m_type = type;
-  loop.m_fi = 0;
+  const std::vector<int> edges = AddEdges(boundary.pieces);
+  builder_.AddLoop(type);
   const std::size_t count = boundary.pieces.size();
   for (std::size_t i = 0; i < count; ++i) {
     const std::size_t at = is_backwards ? count - 1 - i : i;
     const auto& image = boundary.pieces[at].image;
     if (is_backwards) image->Reverse();
     if (!image->IsValid()) return false;
-    AddTrim(image, first_edge + static_cast<int>(at), is_backwards);
+    builder_.AddTrim(image, edges[at], is_backwards, IsoOf(*image, *surface_));
   }
   return true;
 }

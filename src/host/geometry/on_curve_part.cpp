@@ -1,6 +1,7 @@
 #include "host/geometry/on_curve_part.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "host/geometry/on_arc_curve.h"
 #include "host/geometry/on_poly_curve.h"
@@ -19,10 +20,17 @@ bool GetArcPart(const ON_ArcCurve& curve, ON_Interval part, ON_NurbsCurve& form)
   return arc.IsValid() && arc.GetNurbForm(form);
 }
 
-// The part of a segment of a polycurve, which has the stretch `interval` of the polycurve's domain.
-bool GetSegmentPart(const ON_Curve& segment, ON_Interval interval, ON_Interval part,
+// True when a stretch of a polycurve reaches into a segment, by `inside`, for rounding alone.
+bool IsSliver(ON_Interval inside, ON_Interval part) {
+  constexpr double kRelativeTolerance = 0x1p-42;
+  return inside.Length() < part.Length() / 2 &&
+         inside.Length() <= kRelativeTolerance * (std::abs(part.Min) + std::abs(part.Max));
+}
+
+// The part `inside` of a segment of a polycurve, which has the stretch `interval` of the
+// polycurve's domain.
+bool GetSegmentPart(const ON_Curve& segment, ON_Interval interval, ON_Interval inside,
                     ON_NurbsCurve& form) {
-  const ON_Interval inside{std::max(part.Min, interval.Min), std::min(part.Max, interval.Max)};
   const ON_Interval domain = segment.Domain();
   const auto own = [&](double t) { return domain.ParameterAt(interval.NormalizedParameterAt(t)); };
   if (!ON_GetCurvePart(segment, {own(inside.Min), own(inside.Max)}, form)) return false;
@@ -38,7 +46,9 @@ bool ON_GetPolyCurvePart(const ON_PolyCurve& curve, ON_Interval part, ON_NurbsCu
   for (std::size_t i = 0; i < curve.m_segment.size(); ++i) {
     const ON_Interval interval{curve.m_t[i], curve.m_t[i + 1]};
     if (interval.Max <= part.Min || interval.Min >= part.Max) continue;
-    if (!GetSegmentPart(*curve.m_segment[i], interval, part, parts.emplace_back())) return false;
+    const ON_Interval inside{std::max(part.Min, interval.Min), std::min(part.Max, interval.Max)};
+    if (inside != interval && IsSliver(inside, part)) continue;
+    if (!GetSegmentPart(*curve.m_segment[i], interval, inside, parts.emplace_back())) return false;
     order = std::max(order, parts.back().Order());
   }
   if (parts.empty()) return false;
@@ -47,6 +57,7 @@ bool ON_GetPolyCurvePart(const ON_PolyCurve& curve, ON_Interval part, ON_NurbsCu
   }
   form = std::move(parts.front());
   for (std::size_t i = 1; i < parts.size(); ++i) form.Append(parts[i]);
+  form.SetDomain(part);
   return form.IsValid();
 }
 

@@ -43,9 +43,9 @@ ON_4dPoint Point4d(ON_3dPoint p) {
   return {p.x, p.y, p.z, 1};
 }
 
-ON_NurbsCurve Segment(ON_3dPoint from, ON_3dPoint to, ON_Interval domain) {
-  ON_NurbsCurve line;
-  line.Create(2, {domain.Min, domain.Max}, {Point4d(from), Point4d(to)});
+std::shared_ptr<ON_NurbsCurve> Segment(ON_3dPoint from, ON_3dPoint to, ON_Interval domain) {
+  auto line = std::make_shared<ON_NurbsCurve>();
+  line->Create(2, {domain.Min, domain.Max}, {Point4d(from), Point4d(to)});
   return line;
 }
 
@@ -119,10 +119,12 @@ void ExtrusionBuilder::AddRingEdges(Ring& ring) {
     const std::size_t next = (i + 1) % along.size();
     side.start = along[i];
     side.end = along[next];
-    side.bottom =
-        builder_.AddEdge(Transformed(side.piece, xform_[0]), vertices[i][0], vertices[next][0]);
-    side.top =
-        builder_.AddEdge(Transformed(side.piece, xform_[1]), vertices[i][1], vertices[next][1]);
+    const auto add_edge = [&](std::size_t end) {
+      auto curve = std::make_shared<ON_NurbsCurve>(Transformed(side.piece, xform_[end]));
+      return builder_.AddEdge(std::move(curve), vertices[i][end], vertices[next][end]);
+    };
+    side.bottom = add_edge(0);
+    side.top = add_edge(1);
   }
 }
 
@@ -181,8 +183,8 @@ void ExtrusionBuilder::AddCapLoop(const Ring& ring, int end, ON_BrepLoop::Type t
                                   const ON_BoundingBox& box) {
   builder_.AddLoop(type);
   for (const Side& side : ring.sides) {
-    ON_NurbsCurve curve = CapCurve(side.piece, end);
-    const Iso iso = ON_IsoInRectangle(ON_TightBoundingBox(curve), box);
+    auto curve = std::make_shared<ON_NurbsCurve>(CapCurve(side.piece, end));
+    const Iso iso = ON_IsoInRectangle(ON_TightBoundingBox(*curve), box);
     builder_.AddTrim(std::move(curve), end == 0 ? side.bottom : side.top, false, iso);
   }
 }

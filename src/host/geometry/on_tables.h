@@ -150,9 +150,9 @@ class ON_DimStyle : public ON_Object {
   int m_angleformat = 0;
   // 0 none, 1 a block of the user's, 2 solid triangle, 3 dot, 4 tick, 5 short triangle, 6 open
   // arrow, 7 rectangle, 8 long triangle, 9 longer triangle.
-  int m_arrowtype1 = 0;
-  int m_arrowtype2 = 0;
-  int m_leaderarrowtype = 0;
+  int m_arrowtype1 = 2;
+  int m_arrowtype2 = 2;
+  int m_leaderarrowtype = 2;
   bool m_suppress_arrow1 = false;
   bool m_suppress_arrow2 = false;
   // 0 where there is room, 1 always between the extension lines, 2 always outside.

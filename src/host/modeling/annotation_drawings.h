@@ -24,6 +24,8 @@ void DrawTextObject(AnnotationSketch& sketch);
 // The length of the line behind an arrowhead that stands outside the extension lines, in sizes of
 // the arrowhead.
 inline constexpr double kOutsideArrowLength = 2;
+// What an arrowhead and a bit of line behind it take up, in sizes of the arrowhead.
+inline constexpr double kArrowRoom = 1.1;
 
 // An arrowhead of a kind of ON_DimStyle whose tip is at a point and looks along a direction of
 // length 1. Nothing for a direction of length 0.

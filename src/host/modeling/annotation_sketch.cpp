@@ -7,7 +7,6 @@
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_polyline_curve.h"
-#include "host/modeling/text_layout.h"
 #include "host/system/text.h"
 
 namespace host {
@@ -15,7 +14,6 @@ namespace {
 
 // From one line's foot to the next one's, in heights of a capital letter.
 constexpr double kLineFeed = 1.6;
-constexpr std::size_t kMaxFontName = 256;
 
 bool IsFinite(ON_2dPoint p) {
   return ON_IsValid(p.x) && ON_IsValid(p.y);
@@ -80,16 +78,18 @@ double AnnotationSketch::TextWidth(const std::string& text) const {
   return ON_IsValid(width) && width > 0 ? width : 0;
 }
 
-std::string AnnotationSketch::Wrapped(const std::string& whole) const {
+std::string AnnotationSketch::Wrapped(const std::string& text) const {
+  // More letters than anybody draws. Each word is measured.
+  constexpr std::size_t kMaxLetters = 65536;
   const double room = Size(annotation_.m_wrap_width);
-  const std::string text(FirstCodePoints(whole, kMaxLetters));
   if (room <= 0) return text;
+  const std::string_view letters = FirstCodePoints(text, kMaxLetters);
   const double blank = TextWidth("n n") - TextWidth("nn");
   std::string wrapped;
   double used = 0;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = std::min(text.find_first_of(" \n", at), text.size());
-    const std::string word = text.substr(at, end - at);
+  for (std::size_t at = 0; at < letters.size();) {
+    const std::size_t end = std::min(letters.find_first_of(" \n", at), letters.size());
+    const std::string word(letters.substr(at, end - at));
     const double width = TextWidth(word);
     if (used > 0 && used + width > room) {
       // In the place of the blank before it.
@@ -98,8 +98,8 @@ std::string AnnotationSketch::Wrapped(const std::string& whole) const {
     }
     wrapped += word;
     used += width + blank;
-    if (end < text.size()) wrapped += text[end];
-    if (end < text.size() && text[end] == '\n') used = 0;
+    if (end < letters.size()) wrapped += letters[end];
+    if (end < letters.size() && letters[end] == '\n') used = 0;
     at = end + 1;
   }
   return wrapped;
@@ -194,7 +194,7 @@ ON_TextEntity2 AnnotationSketch::Entity(const std::string& text) const {
   entity.m_plane = annotation_.m_plane;
   entity.m_text = text;
   entity.m_height = text_height_;
-  entity.m_font = FirstCodePoints(style_.m_font, kMaxFontName);
+  entity.m_font = style_.m_font;
   entity.m_bold = style_.m_bold;
   entity.m_italic = style_.m_italic;
   return entity;

@@ -59,7 +59,7 @@ class AnnotationSketch {
   double TextHeight(std::string_view text) const;
   double TextWidth(const std::string& text) const;
   // The text with its lines broken where they are longer than the annotation wants.
-  std::string Wrapped(const std::string& whole) const;
+  std::string Wrapped(const std::string& text) const;
 
   // A frame along a direction, turned about where the text would stand on its head, and mirrored
   // where it would be seen from behind by who looks at the model as in the standard views: from

@@ -8,9 +8,6 @@ namespace {
 using H = ON_Annotation::HorizontalAlignment;
 using V = ON_Annotation::VerticalAlignment;
 
-// An arrowhead and a bit of line behind it.
-constexpr double kArrowRoom = 1.1;
-
 // Dots and ticks stand across the line's end and need no room on it.
 bool NeedsRoom(int arrow_kind) {
   return arrow_kind != 0 && arrow_kind != 3 && arrow_kind != 4;

@@ -47,8 +47,6 @@ void DrawArrows(AnnotationSketch& sketch, const Ends& ends, bool outside) {
 // Where the middle of the text is on the line or beside it.
 ON_2dPoint TextPoint(const AnnotationSketch& sketch, double left, double right, double y,
                      double half, const DimensionFit& fit) {
-  // As an arrowhead needs.
-  constexpr double kArrowRoom = 1.1;
   if (sketch.Annotation().m_text_point) return *sketch.Annotation().m_text_point;
   if (!fit.text_outside) return {(left + right) / 2, y};
   const double arrow =

@@ -31,7 +31,7 @@ class CurveDivider {
 // How many pieces the stretch must be divided into.
 int CurveDivider::PiecesOn(double a, double b) const {
   constexpr int kSamples = 4;
-  constexpr double kMostPieces = 64;
+  constexpr double kMostPieces = 200;
   // What is hardly too much isn't divided again.
   constexpr double kSlack = 1.05;
   std::array<gp_Pnt, kSamples + 1> points;

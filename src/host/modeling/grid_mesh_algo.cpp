@@ -3,6 +3,7 @@
 #include <BRepMesh_DefaultRangeSplitter.hxx>
 #include <BRepMesh_DelaunayBaseMeshAlgo.hxx>
 #include <BRepMesh_DelaunayNodeInsertionMeshAlgo.hxx>
+#include <BRep_Builder.hxx>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -19,8 +20,11 @@ class GridSplitter : public BRepMesh_DefaultRangeSplitter {
  public:
   void Reset(const IMeshData::IFaceHandle& face, const IMeshTools_Parameters& parameters) override;
   void AdjustRange() override;
-  Handle(IMeshData::ListOfPnt2d)
-      GenerateSurfaceNodes(const IMeshTools_Parameters& parameters) const override;
+  // The grid's points are taken in levels, each between those of the one before: so the triangles
+  // that the mesher has to look through never are much larger than those that come of it.
+  static constexpr std::size_t kCoarsest = 256;
+  // Every so many lines, without what the coarser levels have.
+  Handle(IMeshData::ListOfPnt2d) NodesOfLevel(std::size_t stride) const;
   const SingularSides& Singular() const { return singular_; }
 
  private:
@@ -62,12 +66,18 @@ void GridSplitter::AdjustRange() {
   singular_ = SingularSides(*GetSurface());
 }
 
-Handle(IMeshData::ListOfPnt2d)
-    GridSplitter::GenerateSurfaceNodes(const IMeshTools_Parameters&) const {
+Handle(IMeshData::ListOfPnt2d) GridSplitter::NodesOfLevel(std::size_t stride) const {
+  // The mesher finds points by a key that is the same for all of one v. Moved by a few hundredths
+  // of a cell, those of a line are as quick to find as others.
+  constexpr double kMoved = 0.04;
+  constexpr double kGoldenRatio = 0.61803398874989485;
   const Handle(IMeshData::ListOfPnt2d) nodes = new IMeshData::ListOfPnt2d;
-  for (std::size_t i = 1; i + 1 < grid_.u.size(); ++i) {
-    for (std::size_t j = 1; j + 1 < grid_.v.size(); ++j) {
-      nodes->Append(gp_Pnt2d(grid_.u[i], grid_.v[j]));
+  for (std::size_t i = stride; i + 1 < grid_.u.size(); i += stride) {
+    const double part = std::fmod(static_cast<double>(i) * kGoldenRatio, 1) * kMoved;
+    for (std::size_t j = stride; j + 1 < grid_.v.size(); j += stride) {
+      const bool is_coarser = i % (2 * stride) == 0 && j % (2 * stride) == 0;
+      if (is_coarser && stride < kCoarsest) continue;
+      nodes->Append(gp_Pnt2d(grid_.u[i], std::lerp(grid_.v[j], grid_.v[j + 1], part)));
     }
   }
   return nodes;
@@ -79,6 +89,10 @@ using InsertionAlgo =
 class GridMeshAlgo : public InsertionAlgo {
  public:
   explicit GridMeshAlgo(double max_edge) : max_edge_(max_edge) {}
+
+  // A face that isn't finished when the mesher is told to stop has no triangles.
+  void Perform(const IMeshData::IFaceHandle& face, const IMeshTools_Parameters& parameters,
+               const Message_ProgressRange& range) override;
 
  protected:
   void postProcessMesh(BRepMesh_Delaun& mesher, const Message_ProgressRange& range) override;
@@ -99,6 +113,7 @@ class GridMeshAlgo : public InsertionAlgo {
   void AddWorst(const Corners& corners, IMeshData::ListOfPnt2d& nodes) const;
 
   double max_edge_;
+  bool is_finished_ = false;
   // The vertices of the triangles that were looked at.
   std::set<std::array<Standard_Integer, 3>> checked_;
 };
@@ -163,23 +178,35 @@ void GridMeshAlgo::AddWorst(const Corners& corners, IMeshData::ListOfPnt2d& node
   if (error > 1 && longest > 2 * least) nodes.Append(worst);
 }
 
+void GridMeshAlgo::Perform(const IMeshData::IFaceHandle& face,
+                           const IMeshTools_Parameters& parameters,
+                           const Message_ProgressRange& range) {
+  is_finished_ = false;
+  checked_.clear();
+  InsertionAlgo::Perform(face, parameters, range);
+  if (!is_finished_) BRep_Builder().UpdateFace(face->GetFace(), Handle(Poly_Triangulation)());
+}
+
 void GridMeshAlgo::postProcessMesh(BRepMesh_Delaun& mesher, const Message_ProgressRange& range) {
   constexpr int kMostPasses = 24;
   constexpr int kMostTriangles = 500000;
-  checked_.clear();
-  Message_ProgressScope scope(range, "", kMostPasses + 1);
+  Message_ProgressScope scope(range, "", kMostPasses + 10);
   InsertionAlgo::postProcessMesh(mesher, scope.Next());
+  for (std::size_t stride = GridSplitter::kCoarsest; stride > 0 && scope.More(); stride /= 2) {
+    insertNodes(getRangeSplitter().NodesOfLevel(stride), mesher, scope.Next());
+  }
   const bool is_plane = getDFace()->GetSurface()->GetType() == GeomAbs_Plane;
-  if (is_plane && max_edge_ == 0) return;
-  for (int pass = 0; pass < kMostPasses && scope.More(); ++pass) {
+  const int passes = is_plane && max_edge_ == 0 ? 0 : kMostPasses;
+  for (int pass = 0; pass < passes && scope.More(); ++pass) {
     const IMeshData::MapOfInteger& triangles = getStructure()->ElementsOfDomain();
-    if (triangles.Extent() > kMostTriangles) return;
+    if (triangles.Extent() > kMostTriangles) break;
     const Handle(IMeshData::ListOfPnt2d) nodes = new IMeshData::ListOfPnt2d;
     for (IMeshData::IteratorOfMapOfInteger it(triangles); it.More(); it.Next()) {
       Check(getStructure()->GetElement(it.Key()), *nodes);
     }
-    if (!insertNodes(nodes, mesher, scope.Next())) return;
+    if (!insertNodes(nodes, mesher, scope.Next())) break;
   }
+  is_finished_ = scope.More();
 }
 
 }  // namespace

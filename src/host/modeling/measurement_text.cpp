@@ -57,13 +57,20 @@ std::string FeetAndInches(double inches, int digits) {
   return feet == 0 ? rest : Decimal(feet, 0, 0) + "'-" + rest;
 }
 
+// Factors and multiples that are none, or that lead to no number, change nothing.
+double Scaled(double length, double factor) {
+  const double scaled = length * factor;
+  return factor > 0 && ON_IsValid(scaled) ? scaled : length;
+}
+double Rounded(double length, double multiple) {
+  if (!(multiple > 0)) return length;
+  const double rounded = std::round(length / multiple) * multiple;
+  return ON_IsValid(rounded) ? rounded : length;
+}
+
 std::string Length(double length, const ON_DimStyle& style) {
-  const double factor = ON_IsValid(style.m_lengthfactor) ? style.m_lengthfactor : 1;
-  double value = length * factor;
-  const double steps = std::round(value / style.m_round);
-  if (style.m_round > 0 && ON_IsValid(style.m_round) && ON_IsValid(steps))
-    value = steps * style.m_round;
-  // What no number can tell.
+  const double value = Rounded(Scaled(length, style.m_lengthfactor), style.m_round);
+  // Points too far apart for any number.
   if (!ON_IsValid(value)) return "?";
   switch (style.m_lengthformat) {
     case 1:
@@ -104,26 +111,28 @@ bool IsDimension(const ON_Annotation& annotation) {
          annotation.m_type != ON_Annotation::Type::leader;
 }
 
+// Puts a number into each place for one. More text than anybody could draw gets no further ones.
+std::string Filled(std::string_view text, std::string_view number) {
+  constexpr std::string_view kPlace = "<>";
+  constexpr std::size_t kEnough = std::size_t{1} << 20;
+  std::string filled;
+  std::size_t from = 0;
+  for (std::size_t at = text.find(kPlace); at != std::string_view::npos && filled.size() < kEnough;
+       at = text.find(kPlace, from)) {
+    filled.append(text.substr(from, at - from)).append(number);
+    from = at + kPlace.size();
+  }
+  return filled.append(text.substr(from));
+}
+
 }  // namespace
 
 std::string MeasurementText(const ON_Annotation& annotation, const ON_DimStyle& style) {
-  constexpr std::string_view kPlace = "<>";
-  // Bytes of a text behind which no number is filled in; nobody draws so much.
-  constexpr std::size_t kLongest = 65536;
-  const std::string& text = annotation.m_text;
-  if (!IsDimension(annotation)) return text;
+  if (!IsDimension(annotation)) return annotation.m_text;
   const double measured = annotation.Measurement();
   const bool is_angle = annotation.m_type == ON_Annotation::Type::angular;
   const std::string number = is_angle ? Angle(measured, style) : Length(measured, style);
-  const std::string whole = style.m_prefix + number + style.m_suffix;
-  std::string filled;
-  std::size_t at = 0;
-  for (std::size_t place = text.find(kPlace); place != text.npos && filled.size() < kLongest;
-       place = text.find(kPlace, at)) {
-    filled.append(text, at, place - at).append(whole);
-    at = place + kPlace.size();
-  }
-  return filled.append(text, at);
+  return Filled(annotation.m_text, style.m_prefix + number + style.m_suffix);
 }
 
 }  // namespace host

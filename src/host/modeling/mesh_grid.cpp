@@ -61,7 +61,7 @@ LineDivider::Place LineDivider::At(double t, double across) const {
 
 // How many pieces the stretch must be divided into along one line.
 int LineDivider::PiecesOn(double a, double b, double across) const {
-  constexpr double kMostPieces = 64;
+  constexpr double kMostPieces = 200;
   // What is hardly too much isn't divided again.
   constexpr double kSlack = 1.05;
   std::array<Place, kSamples> places;

@@ -10,6 +10,8 @@ namespace host {
 
 namespace {
 
+constexpr std::size_t kMaxLetters = 65536;
+
 struct LetterRange {
   char32_t first;
   char32_t last;

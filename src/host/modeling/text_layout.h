@@ -8,9 +8,6 @@
 // Where the letters of a text stand. Lengths are in heights of a capital letter.
 namespace host {
 
-// Further letters of a text aren't drawn.
-inline constexpr std::size_t kMaxLetters = 65536;
-
 struct PlacedGlyph {
   // Of a font of the library that the text was laid out with.
   const FontGlyph* glyph = nullptr;
@@ -32,7 +29,7 @@ struct TextLayout {
 
 // Letter by letter from left to right; pairs are kerned as the font says, letters are not shaped.
 // Control characters and those that only guide the layout are skipped, a tab is a blank. Only the
-// first kMaxLetters count.
+// first 65,536 letters count.
 [[nodiscard]] TextLayout LayOutText(FontStyle& style, std::string_view text);
 
 }  // namespace host

@@ -318,13 +318,6 @@ void ExpectGeometry(const json& fact, const ON_Geometry& geometry, const std::st
   }
 }
 
-// The other reader's names of the classes that are read.
-bool IsReadClass(const std::string& name) {
-  return name == "ON_Mesh" || name == "ON_Point" || name == "ON_PointCloud" || name == "ON_Brep" ||
-         name == "ON_Extrusion" || name == "ON_SubD" || name.ends_with("Curve") ||
-         name.ends_with("Surface");
-}
-
 // The other reader turns the arrows of version 2 into lines.
 bool IsArrow(const ONX_ModelObject& object) {
   return host::ClassName(object.m_class_id) == "annotation arrow";

@@ -93,6 +93,7 @@ struct NewRecord {
   bool has_default_place = true;
   ON_2dPoint place{7, 8};
   ON_UUID detail_id;
+  double detail_scale = 3;
   // Behind what all of its kind have.
   WriteContent points = [](ON_BinaryArchive&) {};
 };
@@ -135,7 +136,7 @@ void WriteDimension(ON_BinaryArchive& a, const NewRecord& record) {
     b.WriteBool(false);
     b.WriteInt(0);
     b.WriteUuid(record.detail_id);
-    b.WriteDouble(3);
+    b.WriteDouble(record.detail_scale);
     b.WriteInt(0);
   });
 }
@@ -235,6 +236,17 @@ TEST(ReadNewAnnotation, AMovedTextAndAScaledDetailAreKept) {
   ASSERT_TRUE(linear.m_text_point);
   EXPECT_EQ(*linear.m_text_point, (ON_2dPoint{7, 8}));
   EXPECT_EQ(linear.Measurement(), 30);
+}
+
+TEST(ReadNewAnnotation, ADetailsScaleThatIsNoneIsLeftOut) {
+  NewRecord record;
+  record.detail_id = kDetail;
+  record.points = [](ON_BinaryArchive& a) { Write2d(a, {{10, 1}, {4, 6}}); };
+  for (const double scale : {0.0, -3.0, std::numeric_limits<double>::quiet_NaN(),
+                             std::numeric_limits<double>::infinity()}) {
+    record.detail_scale = scale;
+    EXPECT_EQ(ReadNew(kLinear, record).annotation.Measurement(), 10) << scale;
+  }
 }
 
 TEST(ReadNewAnnotation, ADimensionWithoutATextTellsItsMeasure) {

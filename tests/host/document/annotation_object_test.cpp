@@ -6,6 +6,7 @@
 
 #include "host/document/doc.h"
 #include "host/geometry/on_line_curve.h"
+#include "host/geometry/on_point_cloud.h"
 
 namespace {
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "host/document/doc.h"
 #include "model_parts.h"
 
 namespace {
@@ -121,6 +122,58 @@ TEST(Table, GivesNullOutsideItself) {
   EXPECT_NE(table.At(1), nullptr);
   EXPECT_EQ(table.At(2), nullptr);
   EXPECT_EQ(table.At(-1), nullptr);
+}
+
+// A document of two linetypes, of which the layer has the second one.
+class LinetypeTableTest : public testing::Test {
+ protected:
+  LinetypeTableTest() {
+    model_.m_linetype_table.resize(2);
+    model_.m_layer_table = {Layer("dashed", TestId(1))};
+    model_.m_layer_table[0].m_linetype_index = 1;
+    model_.m_object_table = {TriangleObject(TestId(2))};
+  }
+
+  int IndexOf(ON_AttributeSource source, int index) {
+    ON_3dmObjectAttributes& attributes = model_.m_object_table[0].m_attributes;
+    attributes.m_linetype_source = source;
+    attributes.m_linetype_index = index;
+    doc_.SetModel(model_, "");
+    return doc_.m_linetype_table.EffectiveLinetypeIndex(*doc_.Objects()[0]);
+  }
+
+  ONX_Model model_;
+  CRhinoDoc doc_;
+};
+
+TEST_F(LinetypeTableTest, AnObjectHasItsOwnLinetypeOrThatOfItsLayer) {
+  EXPECT_EQ(IndexOf(ON_AttributeSource::object, 0), 0);
+  EXPECT_EQ(IndexOf(ON_AttributeSource::layer, 0), 1);
+  EXPECT_EQ(IndexOf(ON_AttributeSource::parent, 0), 1);
+}
+
+TEST_F(LinetypeTableTest, ALinetypeThatIsNotThereIsContinuous) {
+  EXPECT_EQ(IndexOf(ON_AttributeSource::object, -1), -1);
+  EXPECT_EQ(IndexOf(ON_AttributeSource::object, 2), -1);
+  model_.m_layer_table[0].m_linetype_index = 5;
+  EXPECT_EQ(IndexOf(ON_AttributeSource::layer, 0), -1);
+  model_.m_layer_table.clear();
+  EXPECT_EQ(IndexOf(ON_AttributeSource::layer, 0), -1);
+}
+
+TEST_F(LinetypeTableTest, TheScaleIsTheDocuments) {
+  model_.m_settings.m_linetype_scale = 2.5;
+  doc_.SetModel(model_, "");
+  EXPECT_EQ(doc_.m_linetype_table.LinetypeScale(), 2.5);
+  EXPECT_EQ(CRhinoLinetypeTable({}).LinetypeScale(), 1);
+}
+
+TEST_F(LinetypeTableTest, AnImportKeepsTheScale) {
+  model_.m_settings.m_linetype_scale = 2.5;
+  doc_.SetModel(model_, "");
+  doc_.ImportModel(ONX_Model(model_));
+  EXPECT_EQ(doc_.m_linetype_table.Count(), 4);
+  EXPECT_EQ(doc_.m_linetype_table.LinetypeScale(), 2.5);
 }
 
 }  // namespace

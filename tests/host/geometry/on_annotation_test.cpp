@@ -5,6 +5,8 @@
 #include <limits>
 #include <numbers>
 
+#include "host/geometry/on_point_cloud.h"
+
 namespace {
 
 using Type = ON_Annotation::Type;
@@ -100,6 +102,15 @@ TEST(Annotation, ItsOwnStyleComesFirstAndADefaultOneLast) {
   EXPECT_EQ(annotation.DimStyle(&of_table).m_textheight, 7);
   annotation.m_override.emplace().m_textheight = 9;
   EXPECT_EQ(annotation.DimStyle(&of_table).m_textheight, 9);
+}
+
+TEST(Annotation, TheDefaultStyleHasTheUsualArrowheads) {
+  constexpr int kSolidTriangle = 2;
+  const ON_Annotation annotation;
+  const ON_DimStyle& style = annotation.DimStyle(nullptr);
+  EXPECT_EQ(style.m_arrowtype1, kSolidTriangle);
+  EXPECT_EQ(style.m_arrowtype2, kSolidTriangle);
+  EXPECT_EQ(style.m_leaderarrowtype, kSolidTriangle);
 }
 
 TEST(Annotation, IsValidWithAPlaneAndNumbersAlone) {

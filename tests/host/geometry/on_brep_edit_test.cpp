@@ -269,15 +269,48 @@ TEST(BrepMakeValidForV2, PartsOfAPolycurveGoThroughItsSegments) {
   EXPECT_EQ(3, ON_NurbsCurve::Cast(brep->m_C2[5].get())->Order());
 }
 
-TEST(BrepMakeValidForV2, OnlyACurveWithoutAFormStaysAsItIs) {
+// The domains of a trim and of its curve's segments are stored each for itself.
+TEST(BrepMakeValidForV2, APartThatReachesIntoASegmentForRoundingAloneEndsBeforeIt) {
+  constexpr double kEnd = std::numbers::pi;
+  const auto poly = std::make_shared<ON_PolyCurve>();
+  poly->m_segment.push_back(std::make_unique<ON_ArcCurve>(ON_Arc{{{5, 5, 0}}, 2, {0, kEnd}}));
+  poly->m_segment.push_back(
+      std::make_unique<ON_ArcCurve>(ON_Arc{{{5, 5, 0}}, 2, {kEnd, 2 * kEnd}}));
+  poly->m_t = {0, kEnd, 2 * kEnd};
+  const double above = std::nextafter(kEnd, 4), below = std::nextafter(kEnd, 3);
+  for (const std::vector<ON_Interval>& stretches :
+       {std::vector<ON_Interval>{{0, above}, {above, 2 * kEnd}},
+        std::vector<ON_Interval>{{0, below}, {below, 2 * kEnd}}}) {
+    const auto brep = PlateWithHole(poly, stretches, false);
+    ASSERT_TRUE(brep->IsValid());
+    ASSERT_TRUE(brep->MakeValidForV2());
+    ExpectWholeCurves(*brep);
+    for (const std::size_t i : {4U, 5U}) {
+      const ON_NurbsCurve& half = *ON_NurbsCurve::Cast(brep->m_C2[i].get());
+      EXPECT_EQ(5, half.CVCount());
+      EXPECT_EQ(stretches[i - 4], half.Domain());
+      EXPECT_LT(half.PointAtStart().DistanceTo({i == 4 ? 7.0 : 3.0, 5, 0}), kRounding);
+      EXPECT_LT(half.PointAtEnd().DistanceTo({i == 4 ? 3.0 : 7.0, 5, 0}), kRounding);
+    }
+  }
+}
+
+TEST(BrepMakeValidForV2, ATrimWithoutAFormKeepsWhatItHasAndSpoilsNoOther) {
   const auto brep = MakePlateBrep(5, 2);
   const auto formless = std::make_shared<FormlessCurve>(ON_3dPoint{0, 0, 0}, ON_3dPoint{1, 0, 0});
-  brep->m_C2.back() = formless;
-  brep->m_T.back().m_domain = formless->Domain();
+  brep->m_C2.insert(brep->m_C2.begin() + 1, formless);
+  for (ON_BrepTrim& trim : brep->m_T) trim.m_c2i += trim.m_c2i >= 1 ? 1 : 0;
+  brep->m_T[2].m_c2i = 1;
+  brep->m_T[2].m_domain = formless->Domain();
+  brep->m_T[2].m_bReversed = true;
+  const ON_Brep before = *brep;
   EXPECT_FALSE(brep->MakeValidForV2());
   EXPECT_TRUE(brep->IsValid());
-  EXPECT_EQ(formless, brep->m_C2[static_cast<std::size_t>(brep->m_T.back().m_c2i)]);
-  for (std::size_t i = 0; i + 1 < brep->m_T.size(); ++i) {
-    EXPECT_NE(nullptr, ON_NurbsCurve::Cast(&brep->CurveOf(brep->m_T[i])));
+  ASSERT_THAT(brep->m_C2, SizeIs(5));
+  for (std::size_t i = 0; i < 5; ++i) {
+    EXPECT_EQ(i == 2, brep->m_T[i].m_bReversed);
+    EXPECT_EQ(i != 2, ON_NurbsCurve::Cast(&brep->CurveOf(brep->m_T[i])) != nullptr);
   }
+  EXPECT_EQ(formless.get(), &brep->CurveOf(brep->m_T[2]));
+  ExpectSamePlaces(before, *brep);
 }

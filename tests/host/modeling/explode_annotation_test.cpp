@@ -70,6 +70,16 @@ TEST(ExplodeAnnotation, LongLinesAreBrokenAtBlanks) {
   EXPECT_TRUE(Draw(annotation, {}).IsEmpty());
 }
 
+// Each of its words is measured.
+TEST(ExplodeAnnotation, AnEndlessTextIsBrokenInMoments) {
+  ON_Annotation annotation = Text("");
+  for (int i = 0; i < 1000000; ++i) annotation.m_text += "a ";
+  annotation.m_wrap_width = 4;
+  const std::string text = Draw(annotation, {}).texts.at(0).m_text;
+  EXPECT_TRUE(text.starts_with("a a a a\na a a a\n")) << text.substr(0, 20);
+  EXPECT_EQ(text.size(), 65536u);
+}
+
 TEST(ExplodeAnnotation, AnAnnotationThatIsNotValidDrawsNothing) {
   ON_Annotation annotation = Text("lost");
   annotation.m_plane.origin.x = std::numeric_limits<double>::quiet_NaN();

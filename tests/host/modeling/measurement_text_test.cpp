@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace {
@@ -142,27 +143,46 @@ TEST(MeasurementText, FiguresThatAreNoNumbersDoNoHarm) {
   EXPECT_EQ(OfLength(2, style), "2.0");
 }
 
-TEST(MeasurementText, WhatNoNumberCanTellIsAQuestion) {
-  constexpr double kHuge = 1.7e308;
-  for (const int format : {0, 1, 2}) {
-    ON_DimStyle style = Lengths(format, 2);
-    style.m_lengthfactor = 10;
-    EXPECT_EQ(OfLength(kHuge, style), "?");
-    style.m_lengthfactor = 1;
-    EXPECT_EQ(OfLength(-kHuge, style).find_first_not_of("0123456789.'"), std::string::npos);
+TEST(MeasurementText, FactorsAndMultiplesThatMakeNoSenseChangeNothing) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  for (const double wrong : {0.0, -1.0, kInfinity, -kInfinity}) {
+    for (const int format : {0, 1, 2}) {
+      ON_DimStyle style = Lengths(format, 3);
+      const std::string expected = OfLength(5.5, style);
+      style.m_lengthfactor = wrong;
+      style.m_round = wrong;
+      EXPECT_EQ(OfLength(5.5, style), expected) << wrong;
+    }
   }
-  // So fine that there is nothing to round.
-  ON_DimStyle fine = Lengths(0, 2);
-  fine.m_round = 1e-320;
-  EXPECT_EQ(OfLength(2.5, fine), "2.50");
+  ON_DimStyle style = Lengths(0, 1);
+  style.m_lengthfactor = 1e308;
+  style.m_round = 1e-320;
+  EXPECT_EQ(OfLength(25, style), "25.0");
 }
 
-TEST(MeasurementText, ATextIsNotFilledWithoutEnd) {
-  ON_DimStyle style = Lengths(0, 0);
-  style.m_prefix = std::string(256, 'a');
-  std::string text;
-  for (int i = 0; i < 100'000; ++i) text += "<>";
-  EXPECT_LT(OfLength(1, style, text).size(), 300'000U);
+// Places for the number times what stands around it, that would be a hundred gigabytes.
+TEST(MeasurementText, AnEndlessTextIsNotMultiplied) {
+  std::string places;
+  for (int i = 0; i < 300000; ++i) places += "<>";
+  ON_DimStyle style = Lengths(0, 1);
+  style.m_suffix = std::string(400000, '-');
+  const std::string text = OfLength(5, style, places);
+  EXPECT_TRUE(text.starts_with("5.0----"));
+  EXPECT_LT(text.size(), 5000000u);
+}
+
+TEST(MeasurementText, WhatNoNumberCanTellIsAQuestion) {
+  ON_Annotation annotation;
+  annotation.m_type = Type::linear;
+  annotation.m_points = {{-1.7e308, 0}, {1.7e308, 0}, {0, 1}};
+  annotation.m_text = "<>";
+  for (const double scale : {1.0, 0.0}) {
+    annotation.m_distance_scale = scale;
+    for (const int format : {0, 1, 2}) {
+      EXPECT_EQ(host::MeasurementText(annotation, Lengths(format, 2)), "?");
+    }
+  }
+  EXPECT_EQ(OfLength(1.7e308, Lengths(1, 2)).size(), 309U);
 }
 
 }  // namespace
