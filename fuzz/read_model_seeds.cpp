@@ -132,29 +132,6 @@ void AddBreps(ONX_Model& model) {
   AddObject(model, std::move(cylinder));
 }
 
-// One of each kind; the second half as their own styles say.
-void AddAnnotations(ONX_Model& model) {
-  using Type = ON_Annotation::Type;
-  ON_DimStyle& style = model.m_dimstyle_table.emplace_back();
-  style.m_id = Id(10);
-  style.m_name = "style";
-  style.m_font = "Liberation Sans";
-  style.m_suffix = " mm";
-  for (const Type type : {Type::linear, Type::aligned, Type::angular, Type::diameter, Type::radius,
-                          Type::leader, Type::text, Type::ordinate}) {
-    auto annotation = std::make_shared<ON_Annotation>();
-    annotation->m_type = type;
-    annotation->m_dimstyle_id = style.m_id;
-    annotation->m_points = {{0, 0}, {4, 1}, {5, 3}, {7, 3}};
-    if (type == Type::text || type == Type::leader) {
-      annotation->m_text = "two words\nin lines";
-      annotation->m_wrap_width = 2;
-    }
-    if (type == Type::text) annotation->m_override = style;
-    AddObject(model, std::move(annotation));
-  }
-}
-
 void AddObjects(ONX_Model& model) {
   AddObject(model, std::make_shared<ON_Mesh>(MakeBox({{0, 0, 0}, {1, 2, 3}})));
   auto mesh = std::make_shared<ON_Mesh>(MakeSphere({0, 0, 0}, 1, 6, 4));
@@ -169,7 +146,6 @@ void AddObjects(ONX_Model& model) {
   AddCurves(model);
   AddBreps(model);
   AddSurfaces(model);
-  AddAnnotations(model);
   auto placement = std::make_shared<ON_InstanceRef>();
   placement->m_instance_definition_uuid = Id(3);
   AddObject(model, std::move(placement));
