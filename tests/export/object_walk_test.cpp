@@ -88,8 +88,7 @@ TEST_F(ObjectWalkTest, ASurfaceWithoutTheFormOfABrepHasNoBlock) {
   model_.m_object_table = {ObjectOf(std::make_shared<FormlessSurface>())};
   model_.m_object_table[0].m_attributes.m_name = "sail\nof cloth";
   EXPECT_EQ(Walk(), "");
-  EXPECT_EQ(messages_,
-            "Not exported: the surface of polysurface \"sail of cloth\" can't be made.\n");
+  EXPECT_EQ(messages_, "Not exported: the surface of brep \"sail of cloth\" can't be made.\n");
 }
 
 TEST_F(ObjectWalkTest, ASubdivisionSurfaceHasABlock) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "host/document/doc.h"
@@ -97,8 +98,11 @@ TEST_F(AnnotationObject, WithoutAStyleItHasTheDefaultOne) {
 TEST_F(AnnotationObject, ExplodesIntoLinesArrowsAndText) {
   curves_.push_back(std::make_shared<ON_LineCurve>(ON_3dPoint{0, 0, 0}, ON_3dPoint{1, 0, 0}));
   EXPECT_TRUE(Open(ModelOf(Linear(kStyle))).Explode(curves_, texts_));
-  // Behind what was there.
-  EXPECT_EQ(curves_.size(), 4u);
+  // Behind what was there: two extension lines and the dimension line, and two arrowheads.
+  EXPECT_EQ(curves_.size(), 6u);
+  EXPECT_EQ(std::count_if(curves_.begin(), curves_.end(),
+                          [](const auto& curve) { return curve->IsClosed(); }),
+            2);
   ASSERT_EQ(texts_.size(), 1u);
   EXPECT_EQ(texts_[0].m_text, "50.8");
   EXPECT_EQ(texts_[0].m_height, 3);
