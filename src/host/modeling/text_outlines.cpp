@@ -17,7 +17,7 @@ using VerticalAlignment = ON_Annotation::VerticalAlignment;
 // The fonts of the process, which one thread at a time may use.
 struct SharedFonts {
   std::mutex mutex;
-  FontLibrary library;
+  FontLibrary fonts;
 };
 
 SharedFonts& Fonts() {
@@ -25,8 +25,8 @@ SharedFonts& Fonts() {
   return fonts;
 }
 
-FontStyle* StyleOf(const ON_TextEntity2& text, FontLibrary& library) {
-  return library.Style({text.m_font, text.m_bold, text.m_italic});
+FontStyle* StyleOf(const ON_TextEntity2& text, FontLibrary& fonts) {
+  return fonts.Style({text.m_font, text.m_bold, text.m_italic});
 }
 
 bool HasSize(const ON_TextEntity2& text) {
@@ -123,7 +123,7 @@ std::vector<std::shared_ptr<const ON_Curve>> TextOutlines(const ON_TextEntity2& 
   std::vector<std::shared_ptr<const ON_Curve>> outlines;
   if (!HasSize(text)) return outlines;
   const std::lock_guard lock(Fonts().mutex);
-  FontStyle* style = StyleOf(text, Fonts().library);
+  FontStyle* style = StyleOf(text, Fonts().fonts);
   if (style == nullptr) return outlines;
   const TextLayout layout = LayOutText(*style, text.m_text);
   double foot = FirstFoot(layout, text.m_valign);
@@ -143,7 +143,7 @@ std::vector<std::shared_ptr<const ON_Curve>> TextOutlines(const ON_TextEntity2& 
 double TextWidth(const ON_TextEntity2& text) {
   if (!HasSize(text)) return 0;
   const std::lock_guard lock(Fonts().mutex);
-  FontStyle* style = StyleOf(text, Fonts().library);
+  FontStyle* style = StyleOf(text, Fonts().fonts);
   if (style == nullptr) return 0;
   double width = 0;
   for (const TextLine& line : LayOutText(*style, text.m_text).lines) {
