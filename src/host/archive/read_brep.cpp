@@ -30,14 +30,8 @@ std::shared_ptr<const T> ReadItem(ON_BinaryArchive& archive) {
 template <class T>
 bool ReadItems(ON_BinaryArchive& archive, std::vector<std::shared_ptr<const T>>& items) {
   const ChunkScope scope(archive);
-  int major = 0, minor = 0;
   std::size_t count = 0;
-  if (!BeginReadChunkOf(archive, TCODE_ANONYMOUS_CHUNK, "a brep without one of its tables") ||
-      !archive.Read3dmChunkVersion(&major, &minor)) {
-    return false;
-  }
-  if (major != 1) return archive.Fail("a table of a brep has an unknown version");
-  if (!archive.ReadCount(sizeof(std::int32_t), &count)) return false;
+  if (!BeginReadBrepTable(archive, sizeof(std::int32_t), &count)) return false;
   items.resize(count);
   for (auto& item : items) {
     std::int32_t is_present = 0;

@@ -98,19 +98,12 @@ bool ReadPart(ON_BinaryArchive& archive, ON_BrepFace& face) {
   return true;
 }
 
-// A chunk with a version of one byte and the parts. Later versions have more behind them, which
-// isn't used.
+// A chunk with the parts. Later versions have more behind them, which isn't used.
 template <class Part>
 bool ReadTable(ON_BinaryArchive& archive, std::size_t smallest, std::vector<Part>& parts) {
   const ChunkScope scope(archive);
-  int major = 0, minor = 0;
   std::size_t count = 0;
-  if (!BeginReadChunkOf(archive, TCODE_ANONYMOUS_CHUNK, "a brep without one of its tables") ||
-      !archive.Read3dmChunkVersion(&major, &minor)) {
-    return false;
-  }
-  if (major != 1) return archive.Fail("a table of a brep has an unknown version");
-  if (!archive.ReadCount(smallest, &count)) return false;
+  if (!BeginReadBrepTable(archive, smallest, &count)) return false;
   parts.resize(count);
   for (Part& part : parts) {
     if (!ReadPart(archive, part)) return false;
@@ -119,6 +112,16 @@ bool ReadTable(ON_BinaryArchive& archive, std::size_t smallest, std::vector<Part
 }
 
 }  // namespace
+
+bool BeginReadBrepTable(ON_BinaryArchive& archive, std::size_t smallest, std::size_t* count) {
+  int major = 0, minor = 0;
+  if (!BeginReadChunkOf(archive, TCODE_ANONYMOUS_CHUNK, "a brep without one of its tables") ||
+      !archive.Read3dmChunkVersion(&major, &minor)) {
+    return false;
+  }
+  if (major != 1) return archive.Fail("a table of a brep has an unknown version");
+  return archive.ReadCount(smallest, count);
+}
 
 bool ReadBrepTables(ON_BinaryArchive& archive, ON_Brep& brep) {
   // What a part takes at least.

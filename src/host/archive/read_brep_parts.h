@@ -8,6 +8,10 @@
 
 namespace host {
 
+// The head of a table's chunk, which is opened for the caller's ChunkScope to end: a version of one
+// byte, and a count whose items take `smallest` bytes at least.
+[[nodiscard]] bool BeginReadBrepTable(ON_BinaryArchive& archive, std::size_t smallest,
+                                      std::size_t* count);
 // The tables of vertices, edges, trims, loops and faces of version 3, each in its chunk.
 [[nodiscard]] bool ReadBrepTables(ON_BinaryArchive& archive, ON_Brep& brep);
 
