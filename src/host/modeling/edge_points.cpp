@@ -6,6 +6,8 @@
 #include <array>
 #include <cmath>
 
+#include "host/modeling/divide_range.h"
+
 namespace host {
 namespace {
 
@@ -21,7 +23,6 @@ class CurveDivider {
 
  private:
   int PiecesOn(double a, double b) const;
-  void DividePiece(double a, double b, int depth);
 
   const Geom_Curve& curve_;
   const EdgeLimits& limits_;
@@ -61,21 +62,6 @@ int CurveDivider::PiecesOn(double a, double b) const {
   return static_cast<int>(std::ceil(std::min(pieces * kSlack, kMostPieces)));
 }
 
-void CurveDivider::DividePiece(double a, double b, int depth) {
-  constexpr int kDeepest = 6;
-  const int pieces = depth < kDeepest && parameters_.size() < kMostPoints ? PiecesOn(a, b) : 1;
-  if (pieces == 1) {
-    parameters_.push_back(b);
-    return;
-  }
-  double from = a;
-  for (int i = 1; i <= pieces; ++i) {
-    const double to = i == pieces ? b : a + (b - a) * i / pieces;
-    DividePiece(from, to, depth + 1);
-    from = to;
-  }
-}
-
 std::vector<double> CurveDivider::Divide(const std::vector<double>& corners) {
   parameters_ = {corners.front()};
   for (std::size_t i = 1; i < corners.size(); ++i) {
@@ -85,8 +71,9 @@ std::vector<double> CurveDivider::Divide(const std::vector<double>& corners) {
     // In parts, so that a wave isn't missed.
     constexpr int kParts = 4;
     for (int part = 1; part <= kParts; ++part) {
-      DividePiece(a + (b - a) * (part - 1) / kParts,
-                  part == kParts ? b : a + (b - a) * part / kParts, 0);
+      DivideRange(
+          a + (b - a) * (part - 1) / kParts, part == kParts ? b : a + (b - a) * part / kParts,
+          kMostPoints, [this](double from, double to) { return PiecesOn(from, to); }, parameters_);
     }
     if (parameters_.size() > before + kParts || PiecesOn(a, b) > 1) continue;
     // All of it is straight.

@@ -7,6 +7,8 @@
 #include <gp_Pnt.hxx>
 #include <gp_Vec.hxx>
 
+#include "host/modeling/divide_range.h"
+
 namespace host {
 namespace {
 
@@ -36,7 +38,8 @@ class LineDivider {
 
   Place At(double t, double across) const;
   int PiecesOn(double a, double b, double across) const;
-  void DividePiece(double a, double b, int depth);
+  // The most that any place across asks for.
+  int PiecesOn(double a, double b) const;
   std::vector<double> Corners(ON_Interval range) const;
 
   const Adaptor3d_Surface& surface_;
@@ -90,22 +93,10 @@ int LineDivider::PiecesOn(double a, double b, double across) const {
   return static_cast<int>(std::ceil(std::min(pieces * kSlack, kMostPieces)));
 }
 
-void LineDivider::DividePiece(double a, double b, int depth) {
-  constexpr int kDeepest = 6;
+int LineDivider::PiecesOn(double a, double b) const {
   int pieces = 1;
-  if (depth < kDeepest && lines_.size() < kMostLines) {
-    for (const double across : across_) pieces = std::max(pieces, PiecesOn(a, b, across));
-  }
-  if (pieces == 1) {
-    lines_.push_back(b);
-    return;
-  }
-  double from = a;
-  for (int i = 1; i <= pieces; ++i) {
-    const double to = i == pieces ? b : a + (b - a) * i / pieces;
-    DividePiece(from, to, depth + 1);
-    from = to;
-  }
+  for (const double across : across_) pieces = std::max(pieces, PiecesOn(a, b, across));
+  return pieces;
 }
 
 // The ends of the range and the places inside it at which the surface has an edge.
@@ -137,14 +128,12 @@ std::vector<double> LineDivider::Divide(ON_Interval range) {
       const auto at = [&](std::size_t n) {
         return smooth.ParameterAt(static_cast<double>(n) / static_cast<double>(parts));
       };
-      DividePiece(at(part), at(part + 1), 0);
+      DivideRange(
+          at(part), at(part + 1), kMostLines, [this](double a, double b) { return PiecesOn(a, b); },
+          lines_);
     }
     // Where all of it is flat, the parts aren't needed.
-    int pieces = 1;
-    for (const double across : across_) {
-      pieces = std::max(pieces, PiecesOn(smooth.Min, smooth.Max, across));
-    }
-    if (pieces == 1 && lines_.size() == before + parts) {
+    if (lines_.size() == before + parts && PiecesOn(smooth.Min, smooth.Max) == 1) {
       lines_.resize(before);
       lines_.push_back(smooth.Max);
     }
