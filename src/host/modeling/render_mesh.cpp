@@ -23,8 +23,11 @@ constexpr double kGreatestSize = 1e30;
 
 // What the quality asks for, in the frame.
 IMeshTools_Parameters MesherParameters(const MeshQuality& quality, const ModelFrame& frame) {
+  // The mesher looks at the middles of sides and triangles. Beside them the surface may be a little
+  // farther away.
+  constexpr double kMargin = 0.8;
   IMeshTools_Parameters parameters;
-  parameters.Deflection = quality.tolerance * frame.scale;
+  parameters.Deflection = quality.tolerance * kMargin * frame.scale;
   parameters.DeflectionInterior = parameters.Deflection;
   parameters.Angle = quality.angle;
   parameters.AngleInterior = quality.angle;

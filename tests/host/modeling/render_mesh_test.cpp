@@ -46,7 +46,7 @@ MadeMeshes ExpectGoodMeshes(const ON_Brep& brep, const ON_MeshParameters& parame
     EXPECT_TRUE(mesh.HasTextureCoordinates());
     const MeshFit fit = FitOf(mesh, brep.SurfaceOf(face), face.m_bRev, tolerance);
     EXPECT_LT(fit.vertex, tolerance / 4) << i;
-    EXPECT_LT(fit.sag, tolerance * 1.2) << i;
+    EXPECT_LE(fit.sag, tolerance) << i;
     EXPECT_GT(fit.vertex_normal, 0.9999) << i;
     EXPECT_GT(fit.triangle_normal, 0.8) << i;
   }
