@@ -1,5 +1,6 @@
 #include "host/command/command_option.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -42,6 +43,40 @@ bool SetNumber(std::string_view text, Value min, Value max, Value& variable) {
   if (!value || *value < min || *value > max) return false;
   variable = *value;
   return true;
+}
+
+std::string ColorText(const ON_Color& color) {
+  return IntText(color.Red()) + "," + IntText(color.Green()) + "," + IntText(color.Blue());
+}
+
+// The digits of "#ff8000", or nothing.
+std::optional<ON_Color> ColorOfDigits(std::string_view digits) {
+  unsigned value = 0;
+  const char* end = digits.data() + digits.size();
+  const auto [stop, error] = std::from_chars(digits.data(), end, value, 16);
+  if (digits.size() != 6 || error != std::errc{} || stop != end) return std::nullopt;
+  return ON_Color(static_cast<int>(value >> 16), static_cast<int>(value >> 8 & 255),
+                  static_cast<int>(value & 255));
+}
+
+// A colour as its three parts from 0 to 255, or nothing.
+std::optional<ON_Color> ColorOfText(std::string_view text) {
+  text = host::Trimmed(text);
+  if (text.starts_with('#')) return ColorOfDigits(text.substr(1));
+  std::array<int, 3> parts{};
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const std::size_t comma = text.find(',');
+    if ((comma == std::string_view::npos) != (i + 1 == parts.size())) return std::nullopt;
+    if (!SetNumber(text.substr(0, comma), 0, 255, parts[i])) return std::nullopt;
+    text = comma == std::string_view::npos ? std::string_view() : text.substr(comma + 1);
+  }
+  return ON_Color(parts[0], parts[1], parts[2]);
+}
+
+bool SetColor(std::string_view text, ON_Color& variable) {
+  const std::optional<ON_Color> color = ColorOfText(text);
+  if (color) variable = *color;
+  return color.has_value();
 }
 
 // " from 1 to 9", " of at least 1", " of at most 9" or nothing.
@@ -94,6 +129,7 @@ std::string CommandOption::ValueText() const {
                  [](const Toggle& toggle) { return *toggle.Variable ? toggle.On : toggle.Off; },
                  [](const Integer& integer) { return IntText(*integer.Variable); },
                  [](const Number& number) { return host::FormatG(*number.Variable); },
+                 [](const Color& color) { return ColorText(*color.Variable); },
                  [](const List& list) { return WordAt(list.Words, *list.Variable); }},
       kind_);
 }
@@ -120,6 +156,9 @@ Prompt CommandOption::ValuePrompt() const {
   if (const auto* number = std::get_if<Number>(&kind_); number && !number->Prompt.empty()) {
     prompt.Text = number->Prompt;
   }
+  if (const auto* color = std::get_if<Color>(&kind_); color && !color->Prompt.empty()) {
+    prompt.Text = color->Prompt;
+  }
   for (const std::string& word : Choices()) prompt.Options.push_back({word, {}, {}});
   prompt.Default = ValueText();
   prompt.AcceptsEnter = true;
@@ -143,6 +182,7 @@ std::string CommandOption::SetValue(std::string_view text) {
                  [&](const Number& number) {
                    return SetNumber(text, number.Min, number.Max, *number.Variable);
                  },
+                 [&](const Color& color) { return SetColor(text, *color.Variable); },
                  [&](const List& list) {
                    return set_word(list.Words, [&](int index) { *list.Variable = index; });
                  }},
@@ -154,20 +194,21 @@ std::string CommandOption::SetValue(std::string_view text) {
 std::string CommandOption::Expected() const {
   using IntLimits = std::numeric_limits<int>;
   using RealLimits = std::numeric_limits<double>;
-  return std::visit(Overloaded{[](const Plain&) { return std::string("no value here"); },
-                               [this](const Toggle&) { return OneOf(Choices()); },
-                               [](const Integer& integer) {
-                                 return "a whole number" +
-                                        RangeText(integer.Min != IntLimits::min(),
-                                                  integer.Max != IntLimits::max(),
-                                                  IntText(integer.Min), IntText(integer.Max));
-                               },
-                               [](const Number& number) {
-                                 return "a number" + RangeText(number.Min != RealLimits::lowest(),
-                                                               number.Max != RealLimits::max(),
-                                                               host::FormatG(number.Min),
-                                                               host::FormatG(number.Max));
-                               },
-                               [this](const List&) { return OneOf(Choices()); }},
-                    kind_);
+  return std::visit(
+      Overloaded{[](const Plain&) { return std::string("no value here"); },
+                 [this](const Toggle&) { return OneOf(Choices()); },
+                 [](const Integer& integer) {
+                   return "a whole number" + RangeText(integer.Min != IntLimits::min(),
+                                                       integer.Max != IntLimits::max(),
+                                                       IntText(integer.Min), IntText(integer.Max));
+                 },
+                 [](const Number& number) {
+                   return "a number" + RangeText(number.Min != RealLimits::lowest(),
+                                                 number.Max != RealLimits::max(),
+                                                 host::FormatG(number.Min),
+                                                 host::FormatG(number.Max));
+                 },
+                 [](const Color&) { return std::string("a colour as 255,128,0 or #ff8000"); },
+                 [this](const List&) { return OneOf(Choices()); }},
+      kind_);
 }

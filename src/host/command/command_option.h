@@ -8,9 +8,10 @@
 #include <vector>
 
 #include "host/command/input_source.h"
+#include "host/geometry/on_color.h"
 
-// An option of a getter. Toggles, integers, numbers and lists change the variable that they are
-// bound to; a plain option has no variable, and picking it is up to the command.
+// An option of a getter. Toggles, integers, numbers, colours and lists change the variable that
+// they are bound to; a plain option has no variable, and picking it is up to the command.
 class CommandOption {
  public:
   struct Plain {
@@ -30,11 +31,16 @@ class CommandOption {
     std::string Prompt;
     double Min, Max;
   };
+  // Typed as "255,128,0" or "#ff8000".
+  struct Color {
+    ON_Color* Variable;
+    std::string Prompt;
+  };
   struct List {
     std::vector<std::string> Words;
     int* Variable;
   };
-  using Kind = std::variant<Plain, Toggle, Integer, Number, List>;
+  using Kind = std::variant<Plain, Toggle, Integer, Number, Color, List>;
 
   CommandOption(std::string_view name, Kind kind) : name_(name), kind_(std::move(kind)) {}
 
@@ -44,7 +50,8 @@ class CommandOption {
   PromptOption Shown() const;
   // Flips a toggle; false for every other kind.
   bool Flip();
-  // The prompt that asks for the value of an integer, number or list. Enter keeps the value.
+  // The prompt that asks for the value of an integer, number, colour or list. Enter keeps the
+  // value.
   Prompt ValuePrompt() const;
   // Sets the bound variable from a typed value. Empty when that worked; otherwise what was
   // expected: "Frame takes a whole number from -1 to 9999, not 'x'."

@@ -26,6 +26,11 @@ int CRhinoGet::AddCommandOptionNumber(std::string_view name, double* value, std:
   return Add(name, CommandOption::Number{value, std::string(prompt), min, max});
 }
 
+int CRhinoGet::AddCommandOptionColor(std::string_view name, ON_Color* value,
+                                     std::string_view prompt) {
+  return Add(name, CommandOption::Color{value, std::string(prompt)});
+}
+
 int CRhinoGet::AddCommandOptionList(std::string_view name, std::span<const std::string_view> words,
                                     int* current) {
   return Add(name, CommandOption::List{{words.begin(), words.end()}, current});

@@ -17,8 +17,8 @@
 // An option is picked by its name or, unless the getter takes free text, by an unambiguous
 // beginning of it, in any case; `_` before a name is ignored. "Name=Value" sets a value at once: on
 // a plain option the value becomes the answer to the next prompt. A toggle picked without a value
-// flips; an integer, number or list then asks for its value. A value that doesn't fit is told and
-// asked for again, or makes the getter fail when a script answers.
+// flips; an integer, number, colour or list then asks for its value. A value that doesn't fit is
+// told and asked for again, or makes the getter fail when a script answers.
 class CRhinoGet {
  public:
   enum class Result {
@@ -53,6 +53,7 @@ class CRhinoGet {
   int AddCommandOptionNumber(std::string_view name, double* value, std::string_view prompt = {},
                              double min = std::numeric_limits<double>::lowest(),
                              double max = std::numeric_limits<double>::max());
+  int AddCommandOptionColor(std::string_view name, ON_Color* value, std::string_view prompt = {});
   // `current` is the position of the current word.
   int AddCommandOptionList(std::string_view name, std::span<const std::string_view> words,
                            int* current);

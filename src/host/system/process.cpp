@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -88,10 +89,17 @@ bool IsNoProgram(int error) {
   return error == ENOEXEC || error == EACCES || error == ENOENT;
 }
 
+bool IsPipe(int descriptor) {
+  struct stat info = {};
+  return fstat(descriptor, &info) == 0 && (S_ISFIFO(info.st_mode) || S_ISSOCK(info.st_mode));
+}
+
 // What is done in a new process before its program begins.
 class Preparation {
  public:
-  explicit Preparation(const ProcessStart& start);
+  // A process that is to stand apart shares neither the terminal's signals nor a pipe with this
+  // one.
+  Preparation(const ProcessStart& start, bool stands_apart);
   ~Preparation();
   Preparation(const Preparation&) = delete;
   Preparation& operator=(const Preparation&) = delete;
@@ -109,7 +117,7 @@ class Preparation {
   bool failed_ = false;
 };
 
-Preparation::Preparation(const ProcessStart& start) {
+Preparation::Preparation(const ProcessStart& start, bool stands_apart) {
   Check(posix_spawn_file_actions_init(&files_));
   Check(posix_spawnattr_init(&attributes_));
   // Signals that this program ignores or blocks would stay so in the new one.
@@ -119,14 +127,13 @@ Preparation::Preparation(const ProcessStart& start) {
   sigemptyset(&signals);
   Check(posix_spawnattr_setsigmask(&attributes_, &signals));
   // A group of its own, by which it is ended together with what it started.
-  const int group = start.Hidden ? POSIX_SPAWN_SETSID : POSIX_SPAWN_SETPGROUP;
+  const int group = start.Hidden || stands_apart ? POSIX_SPAWN_SETSID : POSIX_SPAWN_SETPGROUP;
   const int flags = POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK | group;
   Check(posix_spawnattr_setflags(&attributes_, static_cast<short>(flags)));
 
   OpenNothing(STDIN_FILENO, O_RDONLY);
-  if (start.Hidden) {
-    OpenNothing(STDOUT_FILENO, O_WRONLY);
-    OpenNothing(STDERR_FILENO, O_WRONLY);
+  for (const int output : {STDOUT_FILENO, STDERR_FILENO}) {
+    if (start.Hidden || (stands_apart && IsPipe(output))) OpenNothing(output, O_WRONLY);
   }
   Check(posix_spawn_file_actions_addclosefrom_np(&files_, STDERR_FILENO + 1));
   if (!start.Folder.empty()) {
@@ -214,21 +221,46 @@ Leftovers& ProcessLeftovers() {
   return leftovers;
 }
 
-}  // namespace
-
-bool RunProcess(const ProcessStart& start, milliseconds limit) {
+std::optional<pid_t> Start(const ProcessStart& start, bool stands_apart) {
   const std::vector<std::string>& arguments = start.Arguments;
   if (arguments.empty() || std::any_of(arguments.begin(), arguments.end(), HasZeroByte) ||
       HasZeroByte(start.Folder) || InterruptRequested()) {
-    return false;
+    return std::nullopt;
   }
+  return Preparation(start, stands_apart).Start(ProgramFiles(arguments[0]), arguments);
+}
+
+}  // namespace
+
+bool RunProcess(const ProcessStart& start, milliseconds limit) {
   ProcessLeftovers().Reap();
-  const std::optional<pid_t> process =
-      Preparation(start).Start(ProgramFiles(arguments[0]), arguments);
+  const std::optional<pid_t> process = Start(start, false);
   if (!process) return false;
   if (!WaitForEnd(*process, limit, InterruptRequested)) TerminateGroup(*process);
   if (waitpid(*process, nullptr, WNOHANG) == 0) ProcessLeftovers().Add(*process);
   return true;
+}
+
+bool StartProcess(const ProcessStart& start) {
+  const std::optional<pid_t> process = Start(start, true);
+  if (!process) return false;
+  // Takes the process off the system's list when it ends; nobody waits for it.
+  std::thread([id = *process] { waitpid(id, nullptr, 0); }).detach();
+  return true;
+}
+
+std::vector<std::string> SplitCommandLine(std::string_view line) {
+  std::vector<std::string> words;
+  bool in_word = false;
+  bool in_quotes = false;
+  for (const char letter : line) {
+    const bool separates = !in_quotes && (letter == ' ' || letter == '\t');
+    if (!separates && !in_word) words.emplace_back();
+    in_word = !separates;
+    if (letter == '"') in_quotes = !in_quotes;
+    if (!separates && letter != '"') words.back() += letter;
+  }
+  return words;
 }
 
 }  // namespace host

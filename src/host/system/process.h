@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace host {
@@ -25,5 +26,14 @@ struct ProcessStart {
 // was started, however it ended. False when it couldn't be: no program or folder of that name, a
 // zero byte in a text, the user had asked to interrupt before.
 [[nodiscard]] bool RunProcess(const ProcessStart& start, std::chrono::milliseconds limit);
+
+// Starts a program that goes on by itself: it outlives this program, and nothing is left of it when
+// it has ended. What it prints is shown where this program's output is, unless that is a pipe,
+// whose reader would have to wait for its end. True when it was started, as with RunProcess.
+[[nodiscard]] bool StartProcess(const ProcessStart& start);
+
+// The words of a command line, without a shell: blanks separate them, and a part in double quotes
+// holds blanks. A backslash is a letter like any other.
+std::vector<std::string> SplitCommandLine(std::string_view line);
 
 }  // namespace host

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "host/command/command.h"
+#include "settings/render_settings.h"
+
+namespace orv {
+
+class CSceneOutPlugIn;
+
+// Lets the user change the general options of `settings` one by one, until Enter. Nothing is
+// stored. Success when they were accepted; cancel, failure, or what a prompt in between has ended
+// with.
+CommandResult EditOptions(CRhinoCommandContext& context, CSceneOutPlugIn& plugIn,
+                          RenderSettings& settings);
+
+}  // namespace orv
