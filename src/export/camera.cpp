@@ -10,9 +10,6 @@
 namespace orv {
 namespace {
 
-// From half an angle in radians to the whole angle in degrees.
-constexpr double kFullAngleInDegrees = 114.59155902616465;
-
 // The view's rectangle in pixels.
 struct PortSize {
   double width;
@@ -77,11 +74,10 @@ void WriteFormat(RibWriter& writer, const ON_Viewport& viewport, RenderSettings&
 }
 
 void WriteProjection(RibWriter& writer, const ON_Viewport& viewport, RenderSettings& settings) {
+  settings.CameraFov = FieldOfView(viewport);
   if (IsPerspective(viewport)) {
-    settings.CameraFov = viewport.GetCameraAngle() * kFullAngleInDegrees;
     RibPrintf(writer, "Projection \"perspective\" \"fov\" [ %g ]\n", settings.CameraFov);
   } else {
-    settings.CameraFov = 0;
     RibPrintf(writer, "Projection \"orthographic\"\n");
   }
 }
@@ -126,22 +122,6 @@ void WriteEnlargedCrop(RibWriter& writer, const ON_Viewport& viewport,
   RibPrintf(writer, "ScreenWindow [%g %g %g %g]\n", (right - left) * x0 + left,
             (right - left) * x1 + left, (1 - y1) * (top - bottom) + bottom,
             (1 - y0) * (top - bottom) + bottom);
-}
-
-// World to camera, row after row. The host's camera looks down its negative z axis, the renderer's
-// down its positive one.
-std::array<double, 16> CameraMatrix(const ON_Viewport& viewport) {
-  const ON_3dVector x = viewport.CameraX();
-  const ON_3dVector y = viewport.CameraY();
-  const ON_3dVector z = viewport.CameraZ();
-  const ON_3dVector location = ON_FromOrigin(viewport.CameraLocation());
-  // clang-format off
-  return {
-      x.x, y.x, -z.x, 0,
-      x.y, y.y, -z.y, 0,
-      x.z, y.z, -z.z, 0,
-      -ON_DotProduct(location, x), -ON_DotProduct(location, y), ON_DotProduct(location, z), 1};
-  // clang-format on
 }
 
 void WriteCameraMatrix(RibWriter& writer, const std::array<double, 16>& m) {
@@ -218,6 +198,26 @@ ClippingRange GetViewClippingRange(const CRhinoView& view, const CRhinoDoc& doc)
   const ON_Viewport& viewport = view.Viewport().VP();
   return IsPerspective(viewport) ? PerspectiveClippingRange(viewport)
                                  : ParallelClippingRange(viewport, doc.BoundingBox());
+}
+
+double FieldOfView(const ON_Viewport& viewport) {
+  // From half an angle in radians to the whole angle in degrees.
+  constexpr double kFullAngleInDegrees = 114.59155902616465;
+  return IsPerspective(viewport) ? viewport.GetCameraAngle() * kFullAngleInDegrees : 0;
+}
+
+std::array<double, 16> CameraMatrix(const ON_Viewport& viewport) {
+  const ON_3dVector x = viewport.CameraX();
+  const ON_3dVector y = viewport.CameraY();
+  const ON_3dVector z = viewport.CameraZ();
+  const ON_3dVector location = ON_FromOrigin(viewport.CameraLocation());
+  // clang-format off
+  return {
+      x.x, y.x, -z.x, 0,
+      x.y, y.y, -z.y, 0,
+      x.z, y.z, -z.z, 0,
+      -ON_DotProduct(location, x), -ON_DotProduct(location, y), ON_DotProduct(location, z), 1};
+  // clang-format on
 }
 
 void WriteCamera(RibWriter& writer, const CRhinoView& view, const CRhinoDoc& doc,

@@ -7,6 +7,7 @@
 
 #include "host/command/plugin.h"
 #include "host/geometry/on_user_string_list.h"
+#include "interactive/interactive_render.h"
 #include "settings/render_settings.h"
 #include "settings/user_values.h"
 #include "shading/texture_converter.h"
@@ -32,6 +33,9 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
 
   // Converts the images of exports, into the user's folder for textures.
   TextureConverter& Textures();
+
+  // The live connection to an interactive renderer.
+  InteractiveRender& Live() { return live_; }
 
   // A record of the document's settings and the user's values.
   RenderSettings LoadSettings() const;
@@ -67,6 +71,7 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
   ON_UserStringList user_strings_;
   UserValues user_;
   TextureConverter textures_;
+  InteractiveRender live_{user_strings_, user_, textures_};
   std::vector<std::unique_ptr<CRhinoCommand>> owned_commands_;
   std::vector<CRhinoCommand*> commands_;
 };

@@ -3,6 +3,7 @@
 
 #include "host/command/plugin_module.h"
 #include "jobs/environment_map_command.h"
+#include "jobs/ipr_commands.h"
 #include "jobs/plugin.h"
 #include "jobs/settings_commands.h"
 #include "jobs/version_increment_command.h"
@@ -19,6 +20,10 @@ class Module {
     plug_in_.AddCommand<orv::CCommandOrvResetSettings>();
     plug_in_.AddCommand<orv::CCommandOrvEnvironmentMap>();
     plug_in_.AddCommand<orv::CCommandOrvVersionIncrement>();
+    plug_in_.AddCommand<orv::CCommandOrvIprStart>();
+    plug_in_.AddCommand<orv::CCommandOrvIprEnd>();
+    plug_in_.AddCommand<orv::CCommandOrvIprUpdateSelected>();
+    plug_in_.AddCommand<orv::CCommandOrvIprUpdateView>();
     plug_in_.AddCommand<orv::CCommandOrvWriteArchive>();
   }
 

@@ -52,13 +52,25 @@ const SettingField<RenderSettings>& RenderSettingFieldOf(
                        [&](const auto& row) { return row.Field == field; });
 }
 
-float StoredRhinoGamma(const ON_UserStringList& list) {
-  const auto& field = RenderSettingFieldOf(&RenderSettings::RhinoGamma);
+namespace {
+
+double StoredGamma(double RenderSettings::*gamma, const ON_UserStringList& list) {
+  const auto& field = RenderSettingFieldOf(gamma);
   const auto text = list.GetUserString(field.Key);
-  if (!text) return 1.0F;
+  if (!text) return 1;
   RenderSettings settings;
   field.Read(*text, settings);
-  return static_cast<float>(settings.RhinoGamma);
+  return settings.*gamma;
+}
+
+}  // namespace
+
+float StoredRhinoGamma(const ON_UserStringList& list) {
+  return static_cast<float>(StoredGamma(&RenderSettings::RhinoGamma, list));
+}
+
+double StoredTextureGamma(const ON_UserStringList& list) {
+  return StoredGamma(&RenderSettings::TextureGamma, list);
 }
 
 }  // namespace orv

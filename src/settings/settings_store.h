@@ -38,5 +38,7 @@ void StoreBakeSettings(const BakeSettings& settings, ON_UserStringList& list);
 // RhinoGamma alone, without loading a record. 1 when the list has no such key, which is not the
 // default of the record.
 float StoredRhinoGamma(const ON_UserStringList& list);
+// The same for TextureGamma.
+double StoredTextureGamma(const ON_UserStringList& list);
 
 }  // namespace orv

@@ -39,6 +39,7 @@ bool SetView(CRhinoDoc& doc, const std::vector<CRhinoView*>& views, std::string_
   CRhinoView* view = doc.ActiveView();
   if (named_view == nullptr || view == nullptr) return false;
   view->Viewport().SetFromNamedView(*named_view);
+  view->Redraw();
   RhinoApp().Print(view->Viewport().Name() + " shows the named view " + named_view->m_name + ".\n");
   return true;
 }

@@ -8,8 +8,10 @@
 #include <vector>
 
 #include "host/document/app_settings.h"
+#include "host/document/display_conduit.h"
 #include "host/document/doc.h"
-#include "host/document/event_watcher_list.h"
+#include "host/document/event_watcher.h"
+#include "host/document/listener_list.h"
 #include "host/system/command_window.h"
 #include "host/system/profile.h"
 
@@ -35,7 +37,13 @@ class CRhinoApp {
   ON_UUID GetDefaultRenderApp() const { return "5dc0192d-73dc-44f5-9141-8e72542e792d"_uuid; }
 
   // Those that are told of changes of the document. Never null.
-  const std::shared_ptr<EventWatcherList>& EventWatchers() const { return watchers_; }
+  const std::shared_ptr<ListenerList<CRhinoEventWatcher>>& EventWatchers() const {
+    return watchers_;
+  }
+  // Those that are told when a view is shown anew. Never null.
+  const std::shared_ptr<ListenerList<CRhinoDisplayConduit>>& DisplayConduits() const {
+    return conduits_;
+  }
 
   // The user's values. Loaded by the program at its start.
   host::Profile& ProfileContext() { return profile_; }
@@ -65,7 +73,10 @@ class CRhinoApp {
 
   unsigned last_serial_number_ = 0;
   CRhinoAppSettings settings_;
-  std::shared_ptr<EventWatcherList> watchers_ = std::make_shared<EventWatcherList>();
+  std::shared_ptr<ListenerList<CRhinoEventWatcher>> watchers_ =
+      std::make_shared<ListenerList<CRhinoEventWatcher>>();
+  std::shared_ptr<ListenerList<CRhinoDisplayConduit>> conduits_ =
+      std::make_shared<ListenerList<CRhinoDisplayConduit>>();
   CRhinoDoc doc_;
   host::CommandWindow window_;
   host::Profile profile_;

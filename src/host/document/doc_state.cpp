@@ -3,7 +3,6 @@
 #include <array>
 
 #include "host/document/app.h"
-#include "host/document/event_watcher_list.h"
 
 DocSubject SubjectOf(const DocState& state) {
   struct Number {

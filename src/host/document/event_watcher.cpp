@@ -1,7 +1,6 @@
 #include "host/document/event_watcher.h"
 
 #include "host/document/app.h"
-#include "host/document/event_watcher_list.h"
 
 CRhinoEventWatcher::~CRhinoEventWatcher() {
   Unregister();

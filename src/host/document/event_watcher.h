@@ -2,12 +2,13 @@
 
 #include <memory>
 
+#include "host/document/listener_list.h"
+
 class CRhinoDoc;
 class CRhinoLayerTable;
 class CRhinoLightTable;
 class CRhinoMaterialTable;
 class CRhinoObject;
-class EventWatcherList;
 class ON_3dmObjectAttributes;
 class ON_Layer;
 class ON_Light;
@@ -53,6 +54,6 @@ class CRhinoEventWatcher {
 
  private:
   // Where it is registered; null when it isn't. Shared, as a watcher may outlive the application.
-  std::shared_ptr<EventWatcherList> list_;
+  std::shared_ptr<ListenerList<CRhinoEventWatcher>> list_;
   bool enabled_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/document/app.h"
 #include "host/document/default_views.h"
 
 void CRhinoViewport::SetFromNamedView(const ON_3dmView& named_view) {
@@ -30,4 +31,10 @@ void CRhinoViewport::IncludeInDepth(const ON_BoundingBox& box) {
   }
   const double change = std::min(1.0, std::max(nearest, f.far * kNearestPart) / f.near);
   for (double* side : {&f.left, &f.right, &f.bottom, &f.top, &f.near}) *side *= change;
+}
+
+void CRhinoView::Redraw() {
+  RhinoApp().DisplayConduits()->Raise([this](CRhinoDisplayConduit& conduit) {
+    conduit.NotifyConduit(CRhinoConduitEvent::view_changed, *this);
+  });
 }

@@ -36,6 +36,8 @@ class CRhinoView {
 
   CRhinoViewport& Viewport() { return viewport_; }
   const CRhinoViewport& Viewport() const { return viewport_; }
+  // Shows the view anew, after its viewport has changed: display conduits are told.
+  void Redraw();
   bool IsPage() const { return viewport_.View().m_view_type == 1; }
 
  private:
