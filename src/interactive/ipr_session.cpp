@@ -24,10 +24,11 @@ bool StartRenderer(const std::string& hostName, std::uint16_t port, std::string_
 
 // Waits, but not longer than the user wants to.
 void Wait(std::chrono::milliseconds time) {
+  using Clock = std::chrono::steady_clock;
   constexpr std::chrono::milliseconds kBetweenLooks{50};
-  const auto end = std::chrono::steady_clock::now() + time;
-  while (std::chrono::steady_clock::now() < end && !host::InterruptRequested()) {
-    std::this_thread::sleep_for(std::min(time, kBetweenLooks));
+  const Clock::time_point end = Clock::now() + time;
+  while (Clock::now() < end && !host::InterruptRequested()) {
+    std::this_thread::sleep_until(std::min(end, Clock::now() + kBetweenLooks));
   }
 }
 
