@@ -107,8 +107,8 @@ TEST_F(MaterialPreviewTest, AFailedPreviewIsSilent) {
 
 TEST_F(MaterialPreviewTest, WithoutAFolderTheFilesAreAtTheRoot) {
   const ScopedEnvironment temp("TEMP", std::nullopt);
-  WriteRenderer("for word in \"$@\"; do echo \"$word\" >>" + folder_.File("arguments") +
-                "; done\n");
+  WriteRenderer("for word in \"$@\"; do echo \"$word\" >>'" + folder_.File("arguments") +
+                "'; done\n");
   preview_.RenderPreview({}, true);
   // Where the root may be written to, the renderer is told so.
   const std::string arguments = Arguments();
