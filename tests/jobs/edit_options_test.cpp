@@ -101,7 +101,7 @@ TEST_F(EditOptions, FrameHoldsForOneJobAlone) {
 }
 
 TEST_F(EditOptions, NamesAreAskedFor) {
-  EXPECT_EQ(Edit<CCommandOrvOptions>({"RibName", "out/ein ä.rib", "ImageName=a.tif", "Enter"}),
+  EXPECT_EQ(Edit<CCommandOrvOptions>({"RibName", "out/ein ä.rib", "ImageName", "a.tif", "Enter"}),
             CommandResult::success);
   EXPECT_EQ(prompts_[1], "Rib file name: ");
   EXPECT_EQ(prompts_[3], "Rendered image file name: ");
@@ -125,7 +125,7 @@ TEST_F(EditOptions, NameThatIsNotGivenEndsTheEditing) {
 TEST_F(EditOptions, CropRegionIsTypedAsFractions) {
   EXPECT_EQ(Edit<CCommandOrvOptions>({"CropRegion", "0,0.5 0.125", "Enter"}),
             CommandResult::success);
-  EXPECT_EQ(prompts_[1], "Crop region: <0.25,0.75,0.25,0.75>: ");
+  EXPECT_EQ(prompts_[1], "Crop region <0.25,0.75,0.25,0.75>: ");
   EXPECT_THAT(prompts_[2], HasSubstr("  CropRegion=0,0.5,0.125,0.75 "));
   EXPECT_EQ(Setting("CropWindow"), "0 0.5 0.125 0.75");
 }

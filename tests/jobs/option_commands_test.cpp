@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "jobs/environment_map_command.h"
 #include "option_rows.h"
 #include "support/scoped_environment.h"
@@ -222,20 +224,30 @@ TEST_F(FileOptions, TitlesAndFiltersOfTheDialogs) {
 
 TEST_F(FileOptions, MapsAreOpenedInTheInteractiveForm) {
   WriteFileContent(folder_.File("sky.hdr"), "");
-  plugIn_.User().EnvironmentDir = folder_.Path().string();
+  const std::string folder = folder_.Path().string();
+  plugIn_.User().EnvironmentDir = folder;
   EXPECT_EQ(EditInteractively<CCommandOrvTrace>(
-                {"BgMode=Environment", "BgMap", "none.hdr", "sky.hdr", "BgMap", "Enter", "Enter"}),
+                {"BgMode=Environment", "BgMap", "none.hdr", "sky.hdr", "Enter"}),
             CommandResult::success);
-  EXPECT_EQ(prompts_[2], "Choose Environment Map (in " + folder_.Path().string() + "): ");
+  EXPECT_EQ(prompts_[2], "Choose Environment Map (in " + folder + "): ");
   EXPECT_THAT(refusals_, ElementsAre("There is no file '" + folder_.File("none.hdr") + "'."));
-  // The present map, with backslashes, is what the dialog starts with.
-  EXPECT_THAT(prompts_[5], HasSubstr("\\sky.hdr>: "));
-  EXPECT_EQ(FileContent(Setting("ReflectionBgMap")), "");
-  EXPECT_EQ(plugIn_.User().EnvironmentDir, folder_.Path().string() + "/");
+  EXPECT_EQ(Setting("ReflectionBgMap"), folder_.File("sky.hdr"));
+  EXPECT_EQ(plugIn_.User().EnvironmentDir, folder + "/");
   EXPECT_EQ(EditInteractively<CCommandOrvGI>({"BgMode=Map", "BgMap", "sky.hdr", "Enter"}),
             CommandResult::success);
-  EXPECT_THAT(prompts_[2], HasSubstr("Choose GI Environment Map (in "));
+  EXPECT_EQ(prompts_[2], "Choose GI Environment Map (in " + folder + "/): ");
   EXPECT_EQ(Setting("GiBgMap"), folder_.File("sky.hdr"));
+}
+
+TEST_F(FileOptions, DialogsStartWithThePresentNameAndBackslashes) {
+  WriteFileContent(folder_.File("sky.hdr"), "");
+  plugIn_.UserStrings().SetUserString("GiBgMap", folder_.File("sky.hdr"));
+  plugIn_.UserStrings().SetUserString("GiBgMode", "1");
+  std::string name = folder_.File("sky.hdr");
+  std::replace(name.begin(), name.end(), '/', '\\');
+  EXPECT_EQ(EditInteractively<CCommandOrvGI>({"BgMap", "Enter", "Enter"}), CommandResult::success);
+  EXPECT_THAT(prompts_[1], HasSubstr(" <" + name + ">: "));
+  EXPECT_EQ(Setting("GiBgMap"), name);
 }
 
 TEST_F(FileOptions, CacheIsSavedInTheInteractiveForm) {
