@@ -133,6 +133,13 @@ CRhinoMaterialTable::CRhinoMaterialTable(std::vector<ON_Material> materials, CRh
   }
 }
 
+int CRhinoMaterialTable::FindMaterial(std::string_view name) const {
+  const auto found = std::find_if(begin(), end(), [name](const ON_Material& material) {
+    return !name.empty() && host::EqualNoCase(material.m_name, name);
+  });
+  return found == end() ? -1 : static_cast<int>(found - begin());
+}
+
 int CRhinoMaterialTable::AddMaterial(const ON_Material& material) {
   if (doc_ == nullptr) return -1;
   const int index = Count();

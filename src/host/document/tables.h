@@ -90,6 +90,9 @@ class CRhinoMaterialTable : public CRhinoTable<ON_Material> {
   CRhinoMaterialTable(CRhinoMaterialTable&&) = default;
   CRhinoMaterialTable& operator=(CRhinoMaterialTable&&) = default;
 
+  // The position of the first material of the name, without regard to case; -1 when there is none,
+  // and for an empty name.
+  int FindMaterial(std::string_view name) const;
   // Appends a material and gives its position; -1 for a table without a document. An id that is nil
   // or taken is replaced by a new one.
   int AddMaterial(const ON_Material& material);
