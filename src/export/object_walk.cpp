@@ -17,6 +17,7 @@
 #include "host/document/app.h"
 #include "host/document/object_name.h"
 #include "host/system/interrupt.h"
+#include "host/system/progress_meter.h"
 
 namespace orv {
 namespace {
@@ -192,7 +193,10 @@ bool WriteObjects(RibWriter& writer, const CRhinoDoc& doc,
   SceneMaterials materials(settings, textures);
   const ObjectStream stream{writer, doc, settings, materials, iprSettings != nullptr};
   ObjectWriter objectWriter(stream, blocks);
+  host::ProgressMeter progress(RhinoApp().CommandWindow(), "Writing", objects.size());
+  std::size_t done = 0;
   for (const RIBRhinoObject& object : objects) {
+    progress.Show(done++, writer.Size());
     if (host::InterruptRequested()) return false;
     if (writer.HasError()) return true;
     if (!objectWriter.Write(object)) return false;

@@ -94,6 +94,7 @@ void RibWriter::FinishLine() {
 void RibWriter::MakeRoom() {
   if (static_cast<std::size_t>(line_ - block_.get()) <= kBlockSize - kLineRoom) return;
   file_.Write({block_.get(), line_});
+  written_ += static_cast<std::uint64_t>(line_ - block_.get());
   end_ = std::copy(line_, end_, block_.get());
   line_ = block_.get();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -36,6 +37,10 @@ class RibWriter {
   // failed. A line that was never ended is not written.
   [[nodiscard]] bool Close();
 
+  // The bytes of all complete lines so far.
+  [[nodiscard]] std::uint64_t Size() const {
+    return written_ + static_cast<std::uint64_t>(line_ - block_.get());
+  }
   // The bytes now in the line; 0 means that the next text begins a new one.
   int LineLength() const { return static_cast<int>(end_ - line_); }
 
@@ -87,7 +92,8 @@ class RibWriter {
   std::unique_ptr<char[]> block_;
   char* line_;
   char* end_;
-  bool hasPercent_ = false;  // the line holds a percent sign
+  std::uint64_t written_ = 0;  // the bytes that have left the block
+  bool hasPercent_ = false;    // the line holds a percent sign
 };
 
 // Adds formatted text to the line. The format may hold %d, %g, %s and %% without flags; any other

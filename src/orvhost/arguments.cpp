@@ -14,6 +14,8 @@ a terminal, and reads a script from anything else.
 
   -c "SCRIPT"      runs commands, as in -c "SelAll What"
   --script FILE    runs the commands of a file
+  --keep-going     goes on behind a word that a script can't use, with the next line that
+                   isn't indented deeper than its command's; the status is still 3
   --export FILE    writes the document as .orib or .rib with default settings, after the scripts
   --plugin FILE    the plug-in module, instead of the one installed with this program
   --help           shows this text
@@ -70,6 +72,8 @@ class ArgumentParser {
       if (arguments_.PlugIn.empty() && arguments_.Error.empty()) {
         arguments_.Error = "The name of the plug-in module is empty.";
       }
+    } else if (!has_value_ && name == "--keep-going") {
+      arguments_.KeepGoing = true;
     } else if (!has_value_ && (name == "--help" || name == "-h")) {
       arguments_.Help = true;
     } else if (!has_value_ && name == "--version") {

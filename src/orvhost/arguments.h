@@ -17,6 +17,8 @@ struct Arguments {
   std::vector<Script> Scripts;
   std::string Export;
   std::string PlugIn;
+  // Scripts go on behind their errors.
+  bool KeepGoing = false;
   bool Help = false;
   bool Version = false;
 

@@ -31,10 +31,6 @@ void PrintError(std::string_view message) {
   std::fprintf(stderr, "orvhost: %.*s\n", static_cast<int>(message.size()), message.data());
 }
 
-void PrintText(std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stdout);
-}
-
 // What comes from the standard input; nothing, with errno set, when it is too much or can't be
 // read.
 std::optional<std::string> ReadStandardInput() {
@@ -76,7 +72,9 @@ std::string HistoryPath() {
 }  // namespace
 
 int Program::Run() {
-  RhinoApp().CommandWindow().SetSink(PrintText);
+  ShowText();
+  RhinoApp().CommandWindow().SetProgressSink(
+      [this](const host::Progress* progress) { screen_.ShowProgress(progress); });
   if (!PrepareScripts() || !CheckExportFolder()) return static_cast<int>(CommandResult::failure);
   LoadProfile();
   CommandResult result = CommandResult::failure;
@@ -85,6 +83,10 @@ int Program::Run() {
     EndPlugIn();
   }
   return static_cast<int>(result);
+}
+
+void Program::ShowText() {
+  RhinoApp().CommandWindow().SetSink([this](std::string_view text) { screen_.Print(text); });
 }
 
 bool Program::PrepareScripts() {
@@ -141,14 +143,14 @@ bool Program::LoadPlugIn() {
   return false;
 }
 
-bool Program::OpenModel() const {
+bool Program::OpenModel() {
   if (arguments_.Model.empty()) return true;
   // What is told while opening is an error message when the opening fails.
   std::string told;
   RhinoApp().CommandWindow().SetSink([&told](std::string_view text) { told += text; });
   const bool opened = GuardedCall("Opening " + arguments_.Model, false,
                                   [this] { return RhinoApp().OpenDocument(arguments_.Model); });
-  RhinoApp().CommandWindow().SetSink(PrintText);
+  ShowText();
   if (opened) {
     RhinoApp().Print(told);
   } else {
@@ -173,11 +175,12 @@ CommandResult Program::RunScripts() {
   CommandResult worst = CommandResult::success;
   for (const auto& script : scripts_) {
     if (commands_.ExitRequested()) break;
+    if (arguments_.KeepGoing) script->KeepGoing(PrintError);
     CommandRunner runner(registry_, *script);
     worst = std::max(worst, runner.RunAll(commands_.ExitRequested()));
-    if (script->Error().empty()) continue;
-    PrintError(script->Error());
-    return host::InterruptRequested() ? worst : CommandResult::failure;
+    if (!script->Error().empty()) PrintError(script->Error());
+    if (script->HasFailed() && !host::InterruptRequested()) worst = CommandResult::failure;
+    if (!script->Error().empty()) break;
   }
   return worst;
 }

@@ -8,6 +8,7 @@
 #include "host/command/host_commands.h"
 #include "host/command/plugin_module.h"
 #include "host/command/script_input.h"
+#include "screen.h"
 
 // One run of the program: loads the plug-in, opens the document, runs what it was told to.
 class Program {
@@ -22,8 +23,10 @@ class Program {
   bool PrepareScripts();
   bool CheckExportFolder() const;
   bool LoadPlugIn();
-  bool OpenModel() const;
+  bool OpenModel();
 
+  // Shows on the screen what commands tell.
+  void ShowText();
   void LoadProfile();
   CommandResult RunLoaded();
   CommandResult RunScripts();
@@ -32,6 +35,7 @@ class Program {
   void EndPlugIn();
 
   Arguments arguments_;
+  Screen screen_;
   CommandRegistry registry_;
   HostCommands commands_;
   std::unique_ptr<PlugInModule> module_;

@@ -44,7 +44,9 @@ std::string DateText(const std::array<int, 6>& time) {
 std::string ObjectCounts(const CRhinoDoc& doc) {
   std::map<std::string, int> counts;
   for (const auto& object : doc.Objects()) ++counts[object->ShortDescription()];
-  for (const auto& light : doc.Lights()) ++counts[light->ShortDescription()];
+  for (const auto& light : doc.Lights()) {
+    if (!light->IsDeleted()) ++counts[light->ShortDescription()];
+  }
   std::string text;
   for (const auto& [name, count] : counts) {
     if (!text.empty()) text += ", ";

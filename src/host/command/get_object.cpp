@@ -69,6 +69,19 @@ void CRhinoGetObject::Add(CRhinoObject& object) {
   }
 }
 
+CRhinoObject* FindObjectByNumber(const CRhinoDoc& doc, std::string_view text) {
+  CRhinoObject* object = nullptr;
+  unsigned number = 0;
+  const char* end = text.data() + text.size();
+  if (const auto id = ON_UuidFromString(text)) {
+    object = doc.LookupObject(*id);
+  } else if (const auto [stop, error] = std::from_chars(text.data(), end, number);
+             error == std::errc{} && stop == end) {
+    object = doc.LookupObject(number);
+  }
+  return object == nullptr || object->IsInstanceDefinitionGeometry() ? nullptr : object;
+}
+
 std::vector<CRhinoObject*> CRhinoGetObject::FindObjects(std::string_view text) const {
   std::vector<CRhinoObject*> found;
   CRhinoObjectIterator it(Context().m_doc);
@@ -78,16 +91,8 @@ std::vector<CRhinoObject*> CRhinoGetObject::FindObjects(std::string_view text) c
     if (!name.empty() && host::EqualNoCase(name, text)) found.push_back(object);
   }
   if (!found.empty()) return found;
-  CRhinoObject* object = nullptr;
-  unsigned number = 0;
-  const char* end = text.data() + text.size();
-  if (const auto id = ON_UuidFromString(text)) {
-    object = Context().m_doc.LookupObject(*id);
-  } else if (const auto [stop, error] = std::from_chars(text.data(), end, number);
-             error == std::errc{} && stop == end) {
-    object = Context().m_doc.LookupObject(number);
-  }
-  if (object != nullptr && !object->IsInstanceDefinitionGeometry()) found.push_back(object);
+  CRhinoObject* object = FindObjectByNumber(Context().m_doc, text);
+  if (object != nullptr) found.push_back(object);
   return found;
 }
 

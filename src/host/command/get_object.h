@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "host/command/getter.h"
@@ -56,3 +57,7 @@ class CRhinoGetObject : public CRhinoGet {
   int max_ = 1;
   std::vector<CRhinoObject*> objects_;
 };
+
+// The object or light with the id or runtime serial number that `text` is; null when there is none,
+// and for a member of a block definition.
+CRhinoObject* FindObjectByNumber(const CRhinoDoc& doc, std::string_view text);

@@ -11,6 +11,8 @@ CRhinoGet::Result CRhinoGetString::GetString() {
 }
 
 std::optional<CRhinoGet::Result> CRhinoGetString::TakeText(const Answer& answer) {
+  const std::string problem = check_ ? check_(answer.Text) : std::string();
+  if (!problem.empty()) return Refuse(problem);
   string_ = answer.Text;
   return Result::string;
 }

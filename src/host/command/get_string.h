@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,6 +19,10 @@ class CRhinoGetString : public CRhinoGet {
   // The text is a path: the terminal completes file names; relative ones stand in `folder`, or in
   // the current folder when that is empty.
   void TakePath(std::string_view folder = {});
+  // What is wrong with a typed text, or an empty text for one that is an answer. What is wrong is
+  // told; then it is asked for again, or the getter fails when a script answers.
+  using Check = std::function<std::string(const std::string& text)>;
+  void SetCheck(Check check) { check_ = std::move(check); }
   // Texts that the terminal offers for completion.
   void SetWords(std::vector<std::string> words) { words_ = std::move(words); }
 
@@ -35,6 +40,7 @@ class CRhinoGetString : public CRhinoGet {
  private:
   std::optional<std::string> default_;
   std::string string_;
+  Check check_;
   std::vector<std::string> words_;
   bool takes_path_ = false;
   std::string folder_;

@@ -9,6 +9,8 @@ HostCommands::HostCommands(CommandRegistry& registry) {
   };
   add(FileCommands(registry));
   add(EditCommands());
+  add(AttributeCommands());
+  add(LightCommands());
   add(SelectionCommands());
   add(ViewCommands());
   add(ReportCommands());

@@ -50,6 +50,8 @@ class HostCommands {
 // The commands of each family. `registry` and `exit_requested` outlive the rows.
 std::vector<HostCommand::Row> FileCommands(CommandRegistry& registry);
 std::vector<HostCommand::Row> EditCommands();
+std::vector<HostCommand::Row> AttributeCommands();
+std::vector<HostCommand::Row> LightCommands();
 std::vector<HostCommand::Row> SelectionCommands();
 std::vector<HostCommand::Row> ViewCommands();
 std::vector<HostCommand::Row> ReportCommands();

@@ -123,17 +123,17 @@ std::vector<std::string_view> CarrierWords() {
 // Asks for the key and what carries it. What the command gives back when there is no key.
 std::optional<CommandResult> AskForKey(CRhinoCommandContext& context, std::string& key,
                                        int& carrier) {
-  for (;;) {
-    CRhinoGetString get(context);
-    get.SetCommandPrompt("Key of the text");
-    get.AddCommandOptionList("On", CarrierWords(), &carrier);
-    const CRhinoGet::Result result = get.GetString();
-    if (result == CRhinoGet::Result::option) continue;
-    if (result != CRhinoGet::Result::string) return get.CommandResult();
-    key = get.String();
-    if (!key.empty()) return std::nullopt;
-    if (!context.m_input.Refuse("A key is not empty.")) return CommandResult::failure;
-  }
+  CRhinoGetString get(context);
+  get.SetCommandPrompt("Key of the text");
+  get.AddCommandOptionList("On", CarrierWords(), &carrier);
+  get.SetCheck([](const std::string& text) {
+    return text.empty() ? std::string("A key is not empty.") : std::string();
+  });
+  CRhinoGet::Result result = get.GetString();
+  while (result == CRhinoGet::Result::option) result = get.GetString();
+  if (result != CRhinoGet::Result::string) return get.CommandResult();
+  key = get.String();
+  return std::nullopt;
 }
 
 // "OrvArchive set on 2 objects."

@@ -1,6 +1,7 @@
 #include <functional>
 #include <iterator>
 
+#include "host/command/ask_for_name.h"
 #include "host/command/get_object.h"
 #include "host/command/get_option.h"
 #include "host/command/get_string.h"
@@ -71,25 +72,43 @@ CommandResult RunSelName(CRhinoCommandContext& context) {
   });
 }
 
+CommandResult RunSelId(CRhinoCommandContext& context) {
+  const CRhinoDoc& doc = context.m_doc;
+  CRhinoGetString get(context);
+  get.SetCommandPrompt("Id or serial number of the object to select");
+  get.SetCheck([&doc](const std::string& text) {
+    return FindObjectByNumber(doc, text) == nullptr
+               ? "There is no object with the id or serial number '" + text + "'."
+               : std::string();
+  });
+  if (get.GetString() != CRhinoGet::Result::string) return get.CommandResult();
+  const CRhinoObject* wanted = FindObjectByNumber(doc, get.String());
+  return SelectObjects(context.m_doc,
+                       [wanted](const CRhinoObject& object) { return &object == wanted; });
+}
+
+// Lights have no material.
+CommandResult RunSelMaterial(CRhinoCommandContext& context) {
+  CRhinoGetString get(context);
+  get.SetCommandPrompt("Material of the objects to select");
+  AskForMaterial(get, context.m_doc);
+  if (get.GetString() != CRhinoGet::Result::string) return get.CommandResult();
+  return SelectObjects(context.m_doc, [&get](const CRhinoObject& object) {
+    const ON_Material& material = object.ObjectMaterial();
+    return object.ObjectType() != ON_ObjectType::light && material.MaterialIndex() >= 0 &&
+           host::EqualNoCase(material.m_name, get.String());
+  });
+}
+
 CommandResult RunSelLayer(CRhinoCommandContext& context) {
-  const CRhinoLayerTable& layers = context.m_doc.m_layer_table;
   CRhinoGetString get(context);
   get.SetCommandPrompt("Layer of the objects to select");
-  std::vector<std::string> names;
-  for (int i = 0; i < layers.Count(); ++i) names.push_back(layers.FullPath(i));
-  get.SetWords(std::move(names));
-  for (;;) {
-    if (get.GetString() != CRhinoGet::Result::string) return get.CommandResult();
-    const int layer = layers.FindLayer(get.String());
-    if (layer >= 0) {
-      return SelectObjects(context.m_doc, [layer](const CRhinoObject& object) {
-        return object.Attributes().m_layer_index == layer;
-      });
-    }
-    if (!context.m_input.Refuse("There is no layer '" + get.String() + "'.")) {
-      return CommandResult::failure;
-    }
-  }
+  AskForLayer(get, context.m_doc);
+  if (get.GetString() != CRhinoGet::Result::string) return get.CommandResult();
+  const int layer = context.m_doc.m_layer_table.FindLayer(get.String());
+  return SelectObjects(context.m_doc, [layer](const CRhinoObject& object) {
+    return object.Attributes().m_layer_index == layer;
+  });
 }
 
 struct TypeRow {
@@ -164,6 +183,13 @@ std::vector<HostCommand::Row> SelectionCommands() {
       {"90efdfff-a781-4c93-b3db-872f88d595bb"_uuid, "SelLayer",
        "Adds the objects of a layer to the selection.",
        "Asks for the layer's name or its full path, as in Walls::Inner.\n", RunSelLayer},
+      {"673818b1-571f-48e1-9799-580e1a81d50f"_uuid, "SelId",
+       "Adds an object to the selection by its id or serial number.",
+       "Asks for the id or the serial number; What tells both.\n", RunSelId},
+      {"d3556712-106b-4de3-8713-3da2cf048937"_uuid, "SelMaterial",
+       "Adds the objects of a material to the selection.",
+       "Asks for the material's name. Objects that have it from their layer count, too.\n",
+       RunSelMaterial},
       {"ea96dda6-eb93-4d25-b8ca-c5057728f51d"_uuid, "SelType",
        "Adds the objects of a kind to the selection.",
        "Asks for the kind: Point, PointCloud, Curve, Surface, Brep, Extrusion, Mesh, SubD, Light,\n"

@@ -39,7 +39,7 @@ class ScriptParser {
       if (text_[next_] == '#') {
         next_ = std::min(text_.find('\n', next_), text_.size());
       } else if (IsBlank(text_[next_])) {
-        Take();
+        if (Take() == '\n') line_start_ = next_;
       } else {
         return true;
       }
@@ -50,6 +50,8 @@ class ScriptParser {
   void ParseToken() {
     ScriptToken token;
     token.line = line_;
+    if (line_start_) token.indent = next_ - *line_start_;
+    line_start_.reset();
     token.answer.kind = Answer::Kind::text;
     token.answer.Quoted = text_[next_] == '"';
     while (!AtEnd() && !IsBlank(text_[next_])) {
@@ -87,6 +89,8 @@ class ScriptParser {
   std::string_view text_;
   std::size_t next_ = 0;
   int line_ = 1;
+  // Where the line begins, as long as no word of it was met.
+  std::optional<std::size_t> line_start_ = 0;
   Script script_;
 };
 

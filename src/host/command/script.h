@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,9 @@
 struct ScriptToken {
   Answer answer;
   int line = 1;
+  // How many blanks and tabs stand before the first word of a line; nothing for the words behind
+  // it. Line ends inside quotes begin no line.
+  std::optional<std::size_t> indent;
 };
 
 struct Script {

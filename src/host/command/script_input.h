@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -15,12 +16,19 @@ class ScriptInput : public InputSource {
   // an Error at once and answers nothing.
   ScriptInput(std::string_view text, std::string_view name);
 
+  // From now on an error ends the command that it was met in, is told and forgotten, and the script
+  // goes on: with the next line that isn't indented deeper than the line of that command. The word
+  // that was refused may stand in that line. A script that is interrupted ends.
+  void KeepGoing(std::function<void(const std::string& error)> tell);
+
   bool Refuse(std::string_view message) override;
   bool IsInteractive() const override { return false; }
 
   // Why the script was ended early: "job.txt, line 3: Unknown command 'Foo'."; empty when it
   // wasn't.
   const std::string& Error() const { return error_; }
+  // Whether it has or had an Error.
+  bool HasFailed() const { return has_failed_; }
 
  protected:
   Answer Read(const Prompt& prompt) override;
@@ -28,10 +36,17 @@ class ScriptInput : public InputSource {
  private:
   Answer AnswerAfterEnd(const Prompt& prompt);
   void Fail(int line, std::string_view message);
+  void GoOnBehindError();
 
   std::string name_;
   Script script_;
   std::size_t next_ = 0;
+  // The word that named the running command.
+  std::size_t command_ = 0;
+  // The first word that may go on behind an error.
+  std::size_t resume_ = 0;
   bool entered_after_end_ = false;
   std::string error_;
+  bool has_failed_ = false;
+  std::function<void(const std::string&)> tell_;
 };

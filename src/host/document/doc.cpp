@@ -75,10 +75,11 @@ IdMap<ON_UUID> CRhinoDoc::AddObjects(std::vector<ONX_ModelObject> objects,
   const std::size_t first = objects_.size();
   for (ONX_ModelObject& object : objects) {
     const ON_UUID stored = object.m_attributes.m_uuid;
-    CRhinoObject* const owner = LookupObject(stored);
+    const auto owner = by_id_.find(stored);
+    const CRhinoObject* const ownerBefore = owner == by_id_.end() ? nullptr : owner->second;
     const ON_UUID& id = AddObject(objects_, std::move(object));
     const bool isOwnedBefore =
-        owner != nullptr && owner->serial_number_ < objects_[first]->serial_number_;
+        ownerBefore != nullptr && ownerBefore->serial_number_ < objects_[first]->serial_number_;
     if (isOwnedBefore) newIds.emplace(stored, id);
   }
   for (ONX_ModelLight& light : lights) {
@@ -128,12 +129,13 @@ const BlockContents& CRhinoDoc::Blocks() const {
 
 CRhinoObject* CRhinoDoc::LookupObject(const ON_UUID& id) const {
   const auto found = by_id_.find(id);
-  return found == by_id_.end() ? nullptr : found->second;
+  return found == by_id_.end() || found->second->IsDeleted() ? nullptr : found->second;
 }
 
 CRhinoObject* CRhinoDoc::LookupObject(unsigned runtime_serial_number) const {
   const auto found = by_serial_number_.find(runtime_serial_number);
-  return found == by_serial_number_.end() ? nullptr : found->second;
+  const bool isThere = found != by_serial_number_.end() && !found->second->IsDeleted();
+  return isThere ? found->second : nullptr;
 }
 
 ON_BoundingBox CRhinoDoc::BoundingBox() const {

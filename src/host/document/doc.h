@@ -68,7 +68,8 @@ class CRhinoDoc {
   CRhinoInstanceDefinitionTable m_instance_definition_table;
   ON_UserStringList m_user_strings;
 
-  // All objects in the order of the document, members of block definitions included.
+  // All objects in the order of the document, members of block definitions included, and all
+  // lights, deleted ones included.
   std::span<const std::unique_ptr<CRhinoObject>> Objects() const { return objects_; }
   std::span<const std::unique_ptr<CRhinoObject>> Lights() const { return lights_; }
   // A number that changes whenever objects come or go.
@@ -81,7 +82,7 @@ class CRhinoDoc {
   // The box of all visible objects, lights not counted; not valid when there is none.
   ON_BoundingBox BoundingBox() const;
   // Replaces the attributes of an object or light; its id stays. An object that can't be selected
-  // any more is deselected. False for an object of another document.
+  // any more is deselected. False for a deleted object and for one of another document.
   bool ModifyObjectAttributes(CRhinoObject& object, const ON_3dmObjectAttributes& attributes);
   // The position of the material to edit for an object. A layer that gives its objects their
   // material and has none gets a new one, a copy of the host's default material. -1 when there is

@@ -16,7 +16,7 @@ void CRhinoDoc::Change(DocState state) {
 
 bool CRhinoDoc::ModifyObjectAttributes(CRhinoObject& object,
                                        const ON_3dmObjectAttributes& attributes) {
-  if (&object.doc_ != this) return false;
+  if (&object.doc_ != this || object.IsDeleted()) return false;
   AttributesState state{object.serial_number_, attributes};
   state.attributes.m_uuid = object.attributes_.m_uuid;
   Change(std::move(state));

@@ -51,14 +51,19 @@ CRhinoTableEvent DocStates::Exchange(LayerState& state) {
 }
 
 CRhinoTableEvent DocStates::Exchange(LightState& state) {
-  CRhinoObject* light = doc_.m_light_table.At(state.index);
-  if (light != nullptr) std::swap(light->geometry_, state.light);
-  return CRhinoTableEvent::modified;
+  CRhinoObject& light = *doc_.lights_[static_cast<std::size_t>(state.index)];
+  std::swap(light.geometry_, state.light);
+  if (light.deleted_ == state.deleted) return CRhinoTableEvent::modified;
+  std::swap(light.deleted_, state.deleted);
+  ++doc_.content_number_;
+  changed_objects_.push_back(&light);
+  return light.deleted_ ? CRhinoTableEvent::deleted : arrival_;
 }
 
 CRhinoTableEvent DocStates::Exchange(AttributesState& state) {
-  CRhinoObject* object = doc_.LookupObject(state.serial_number);
-  if (object != nullptr) {
+  const auto found = doc_.by_serial_number_.find(state.serial_number);
+  if (found != doc_.by_serial_number_.end()) {
+    CRhinoObject* object = found->second;
     const bool wasVisible = object->IsVisible();
     std::swap(object->attributes_, state.attributes);
     if (object->IsVisible() != wasVisible || object->IsInstanceDefinitionGeometry()) {
@@ -83,9 +88,9 @@ void DocStates::Raise(CRhinoTableEvent event, const DocState& before) {
   });
 }
 
-// Layers, lights and objects stay, and no material goes while watchers are told. But a watcher that
-// was called before may have put another material where one was deleted, and all have heard of that
-// one already.
+// Layers and objects stay, and no material goes while watchers are told. But a watcher that was
+// called before may have put another material where one was deleted, or deleted a light, and all
+// have heard of that already.
 void DocStates::Tell(CRhinoEventWatcher& watcher, CRhinoTableEvent event,
                      const MaterialState& before) {
   const CRhinoMaterialTable& table = doc_.m_material_table;
@@ -101,7 +106,9 @@ void DocStates::Tell(CRhinoEventWatcher& watcher, CRhinoTableEvent event,
 
 void DocStates::Tell(CRhinoEventWatcher& watcher, CRhinoTableEvent event,
                      const LightState& before) {
-  const ON_Light* oldLight = ON_Light::Cast(before.light.get());
+  const bool isThere = doc_.m_light_table.At(before.index) != nullptr;
+  if (isThere == (event == CRhinoTableEvent::deleted)) return;
+  const ON_Light* oldLight = before.deleted ? nullptr : ON_Light::Cast(before.light.get());
   watcher.LightTableEvent(event, doc_.m_light_table, before.index, oldLight);
 }
 

@@ -28,6 +28,7 @@ struct LayerState {
 struct LightState {
   int index;
   std::shared_ptr<ON_Geometry> light;
+  bool deleted = false;
 };
 
 struct AttributesState {
@@ -48,7 +49,7 @@ std::string_view ChangeCaption(const DocState& state);
 // step. First all states of the step are exchanged, then Settle is called, then Raise for each.
 class DocStates {
  public:
-  // `arrival` is what a material that comes into the table is: added or undeleted.
+  // `arrival` is what a material or light that comes into its table is: added or undeleted.
   DocStates(CRhinoDoc& doc, CRhinoTableEvent arrival) : doc_(doc), arrival_(arrival) {}
 
   // Puts `state` into the document and gives back in it what was there before. A state of a thing
@@ -71,7 +72,8 @@ class DocStates {
 
   CRhinoDoc& doc_;
   CRhinoTableEvent arrival_;
-  // What Settle looks at: the objects with other attributes or, after layers have changed, all.
+  // What Settle looks at: the objects with other attributes and the lights that came or went or,
+  // after layers have changed, all.
   std::vector<CRhinoObject*> changed_objects_;
   bool layers_changed_ = false;
 };

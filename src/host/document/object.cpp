@@ -83,7 +83,7 @@ const ON_Material& CRhinoObject::ObjectMaterial() const {
 }
 
 bool CRhinoObject::IsVisible() const {
-  return !IsHidden() && !IsInstanceDefinitionGeometry() &&
+  return !IsDeleted() && !IsHidden() && !IsInstanceDefinitionGeometry() &&
          doc_.m_layer_table.IsLayerVisible(attributes_.m_layer_index);
 }
 

@@ -44,10 +44,13 @@ class CRhinoObject {
   const ON_FileSpan& FileSpan() const { return span_; }
 
   // False when it is hidden or its layer, or a layer above that, is off; false for a member of a
-  // block definition.
+  // block definition, and when it is deleted.
   bool IsVisible() const;
   // True when it or its layer is locked.
   bool IsLocked() const;
+  // True for a light that was deleted: nothing shows, finds or counts it, but Undo may bring it
+  // back.
+  bool IsDeleted() const { return deleted_; }
   bool IsHidden() const;
   // True for a member of a block definition, which isn't drawn on its own.
   bool IsInstanceDefinitionGeometry() const;
@@ -66,6 +69,7 @@ class CRhinoObject {
 
  private:
   friend class CRhinoDoc;
+  friend class CRhinoLightTable;
   friend class DocStates;
 
   // A selected object is visible and not locked.
@@ -80,6 +84,7 @@ class CRhinoObject {
   ON_FileSpan span_;
   // Set by the document for the objects that its block definitions list.
   bool listed_in_definition_ = false;
+  bool deleted_ = false;
   bool selected_ = false;
   mutable std::optional<Meshes> render_meshes_;
 };

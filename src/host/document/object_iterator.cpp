@@ -41,5 +41,6 @@ CRhinoObject* CRhinoObjectIterator::Next() {
 
 // A document of this host has active objects only.
 bool CRhinoObjectIterator::Matches(const CRhinoObject& object) const {
-  return (category_ & active_objects) != 0 && (state_mask_ & StateOf(object)) != 0;
+  return !object.IsDeleted() && (category_ & active_objects) != 0 &&
+         (state_mask_ & StateOf(object)) != 0;
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <future>
 #include <thread>
 #include <unordered_set>
 
@@ -12,6 +14,7 @@
 #include "host/geometry/on_extrusion.h"
 #include "host/modeling/render_mesh.h"
 #include "host/system/interrupt.h"
+#include "host/system/progress_meter.h"
 
 namespace {
 
@@ -97,21 +100,36 @@ std::vector<Making> MeshesToMake(std::span<const CRhinoObject* const> objects) {
 }
 
 // Ctrl-C ends it: what isn't done then, is not marked as done.
-void MakeAll(std::vector<Making>& makings) {
+void Make(Making& making) {
+  if (host::InterruptRequested()) return;
+  MakeMeshes(making);
+  making.is_done = !host::InterruptRequested();
+}
+
+// On all processors, while this thread tells how far they are.
+void MakeTogether(std::vector<Making>& makings) {
+  constexpr std::chrono::milliseconds kBetweenTellings{100};
   std::atomic<std::size_t> next = 0;
-  const auto work = [&makings, &next] {
+  std::atomic<std::size_t> done = 0;
+  const auto work = [&makings, &next, &done] {
     for (std::size_t i = next++; i < makings.size(); i = next++) {
-      if (host::InterruptRequested()) return;
-      MakeMeshes(makings[i]);
-      makings[i].is_done = !host::InterruptRequested();
+      Make(makings[i]);
+      ++done;
     }
   };
   const std::size_t count =
       std::min<std::size_t>(makings.size(), std::max(1u, std::thread::hardware_concurrency()));
-  std::vector<std::thread> workers;
-  for (std::size_t i = 1; i < count; ++i) workers.emplace_back(work);
-  work();
-  for (std::thread& worker : workers) worker.join();
+  std::vector<std::future<void>> workers;
+  for (std::size_t i = 0; i < count; ++i) {
+    workers.push_back(std::async(std::launch::async, work));
+  }
+  host::ProgressMeter progress(RhinoApp().CommandWindow(), "Meshing", makings.size());
+  for (std::future<void>& worker : workers) {
+    do {
+      progress.Show(done);
+    } while (worker.wait_for(kBetweenTellings) != std::future_status::ready);
+    worker.get();
+  }
 }
 
 void TellFailure(const Making& making) {
@@ -135,7 +153,11 @@ CRhinoObjRef::CRhinoObjRef(const CRhinoObject& object, std::shared_ptr<const ON_
 int RhinoGetRenderMeshes(std::span<const CRhinoObject* const> objects,
                          std::vector<CRhinoObjRef>& meshes) {
   std::vector<Making> makings = MeshesToMake(objects);
-  MakeAll(makings);
+  if (makings.size() > 1) {
+    MakeTogether(makings);
+  } else {
+    for (Making& making : makings) Make(making);
+  }
   for (Making& making : makings) {
     if (!making.is_done) continue;
     TellFailure(making);

@@ -133,6 +133,13 @@ CRhinoMaterialTable::CRhinoMaterialTable(std::vector<ON_Material> materials, CRh
   }
 }
 
+int CRhinoMaterialTable::FindMaterial(std::string_view name) const {
+  const auto found = std::find_if(begin(), end(), [name](const ON_Material& material) {
+    return !name.empty() && host::EqualNoCase(material.m_name, name);
+  });
+  return found == end() ? -1 : static_cast<int>(found - begin());
+}
+
 int CRhinoMaterialTable::AddMaterial(const ON_Material& material) {
   if (doc_ == nullptr) return -1;
   const int index = Count();
@@ -164,8 +171,24 @@ int CRhinoLightTable::Count() const {
 }
 
 CRhinoObject* CRhinoLightTable::At(int index) const {
-  return index >= 0 && index < Count() ? doc_.Lights()[static_cast<std::size_t>(index)].get()
-                                       : nullptr;
+  if (index < 0 || index >= Count()) return nullptr;
+  CRhinoObject* light = doc_.Lights()[static_cast<std::size_t>(index)].get();
+  return light->IsDeleted() ? nullptr : light;
+}
+
+// A light comes as one that is deleted and is then undeleted, which is what Undo takes back.
+int CRhinoLightTable::AddLight(const ON_Light& light, ON_3dmObjectAttributes attributes) {
+  const int index = Count();
+  ONX_ModelObject object;
+  object.m_attributes = std::move(attributes);
+  object.m_object_type = static_cast<unsigned>(ON_ObjectType::light);
+  const ON_UUID id = doc_.AddObject(doc_.lights_, std::move(object));
+  doc_.lights_.back()->deleted_ = true;
+  auto added = std::make_shared<ON_Light>(light);
+  added->m_light_index = index;
+  added->m_light_id = id;
+  doc_.Change(LightState{index, std::move(added)});
+  return index;
 }
 
 bool CRhinoLightTable::ModifyLight(const ON_Light& light, int index) {
@@ -177,6 +200,13 @@ bool CRhinoLightTable::ModifyLight(const ON_Light& light, int index) {
     changed->m_light_id = present->m_light_id;
   }
   doc_.Change(LightState{index, std::move(changed)});
+  return true;
+}
+
+bool CRhinoLightTable::DeleteLight(int index) {
+  const CRhinoObject* object = At(index);
+  if (object == nullptr || object->IsInstanceDefinitionGeometry()) return false;
+  doc_.Change(LightState{index, object->geometry_, true});
   return true;
 }
 

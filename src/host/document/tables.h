@@ -8,6 +8,7 @@
 
 #include "host/document/id_map.h"
 #include "host/geometry/on_light.h"
+#include "host/geometry/on_object_attributes.h"
 #include "host/geometry/on_tables.h"
 
 class CRhinoDoc;
@@ -89,6 +90,9 @@ class CRhinoMaterialTable : public CRhinoTable<ON_Material> {
   CRhinoMaterialTable(CRhinoMaterialTable&&) = default;
   CRhinoMaterialTable& operator=(CRhinoMaterialTable&&) = default;
 
+  // The position of the first material of the name, without regard to case; -1 when there is none,
+  // and for an empty name.
+  int FindMaterial(std::string_view name) const;
   // Appends a material and gives its position; -1 for a table without a document. An id that is nil
   // or taken is replaced by a new one.
   int AddMaterial(const ON_Material& material);
@@ -101,18 +105,25 @@ class CRhinoMaterialTable : public CRhinoTable<ON_Material> {
   CRhinoDoc* doc_;
 };
 
-// The lights of the document, which are objects.
+// The lights of the document, which are objects. A light stays at its position when others are
+// deleted. Each edit can be undone and is told to the event watchers.
 class CRhinoLightTable {
  public:
   explicit CRhinoLightTable(CRhinoDoc& doc) : doc_(doc) {}
   CRhinoLightTable(const CRhinoLightTable&) = delete;
   CRhinoLightTable& operator=(const CRhinoLightTable&) = delete;
 
+  // The number of positions, those of deleted lights included.
   int Count() const;
-  // The light at `index`, or null when there is none.
+  // The light at `index`; null when there is none or it is deleted.
   CRhinoObject* At(int index) const;
+  // Appends a light and gives its position. An id that is nil or taken is replaced by a new one.
+  int AddLight(const ON_Light& light, ON_3dmObjectAttributes attributes = {});
   // Replaces the light at `index`; its id stays. False when there is no such light.
   bool ModifyLight(const ON_Light& light, int index);
+  // Deletes the light at `index`; what was selected of it isn't any more. False when there is no
+  // such light, and for a member of a block definition.
+  bool DeleteLight(int index);
 
  private:
   CRhinoDoc& doc_;

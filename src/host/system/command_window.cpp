@@ -6,4 +6,8 @@ void CommandWindow::Print(std::string_view text) const {
   if (sink_) sink_(text);
 }
 
+void CommandWindow::ShowProgress(const Progress* progress) const {
+  if (progress_sink_) progress_sink_(progress);
+}
+
 }  // namespace host
