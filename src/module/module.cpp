@@ -2,9 +2,12 @@
 // module's exports.
 
 #include "host/command/plugin_module.h"
+#include "jobs/cube_map_command.h"
 #include "jobs/environment_map_command.h"
 #include "jobs/plugin.h"
+#include "jobs/scene_commands.h"
 #include "jobs/settings_commands.h"
+#include "jobs/submit_job_command.h"
 #include "jobs/version_increment_command.h"
 #include "jobs/write_archive_command.h"
 
@@ -14,10 +17,14 @@ namespace {
 class Module {
  public:
   Module() {
+    plug_in_.AddCommand<orv::CCommandSceneOut>();
+    plug_in_.AddCommand<orv::CCommandOrvRender>();
     plug_in_.AddCommand<orv::CCommandOrvLoadSettings>();
     plug_in_.AddCommand<orv::CCommandOrvSaveSettings>();
     plug_in_.AddCommand<orv::CCommandOrvResetSettings>();
     plug_in_.AddCommand<orv::CCommandOrvEnvironmentMap>();
+    plug_in_.AddCommand<orv::CCommandOrvRenderCubeMap>();
+    plug_in_.AddCommand<orv::CCommandOrvSubmitJob>();
     plug_in_.AddCommand<orv::CCommandOrvVersionIncrement>();
     plug_in_.AddCommand<orv::CCommandOrvWriteArchive>();
   }
