@@ -197,7 +197,7 @@ TEST_F(AnimationFrames, AFlyThroughHasACameraInEachFrame) {
   WriteFrames(SettingsFor(2, 2));
   const std::string projection = "  Projection \"perspective\" \"fov\" [26.9915]\n";
   EXPECT_EQ(Frame("0000"), FrameText("0", "0",
-                                     projection + "  Transform [ 1 0 -0 0.0 -0 0 1 0.0 0 1 -0 0.0 "
+                                     projection + "  Transform [ 1 0 0 0.0 0 0 1 0.0 0 1 0 0.0 "
                                                   "-0 -0 10 1.0 ]\n"));
   EXPECT_THAT(Frame("0001"), HasSubstr(projection));
   EXPECT_THAT(Frame("0001"), HasSubstr(" 8 1.0 ]\n"));

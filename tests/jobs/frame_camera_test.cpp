@@ -109,7 +109,7 @@ TEST_F(FrameCameraTest, AHiddenOrLockedCurveCounts) {
 TEST_F(FrameCameraTest, TheLensGivesTheFieldOfView) {
   const ON_LineCurve line({0, 0, 0}, {4, 0, 0});
   const std::pair<double, const char*> rows[] = {
-      {50, "26.9915"}, {12, "90.0001"}, {1, "170.473"}, {1000, "1.37504"}};
+      {50, "26.9915"}, {12, "90.0001"}, {1, "170.473"}, {1000, "1.37503"}};
   for (const auto& [lens, angle] : rows) {
     RenderSettings settings = WithFrames(4);
     settings.AnimCameraLens = lens;
