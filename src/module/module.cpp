@@ -4,6 +4,7 @@
 #include "host/command/plugin_module.h"
 #include "jobs/cube_map_command.h"
 #include "jobs/environment_map_command.h"
+#include "jobs/option_commands.h"
 #include "jobs/plugin.h"
 #include "jobs/scene_commands.h"
 #include "jobs/settings_commands.h"
@@ -17,8 +18,12 @@ namespace {
 class Module {
  public:
   Module() {
+    plug_in_.AddCommand<orv::CCommandOrvOptions>();
     plug_in_.AddCommand<orv::CCommandSceneOut>();
     plug_in_.AddCommand<orv::CCommandOrvRender>();
+    plug_in_.AddCommand<orv::CCommandOrvTrace>();
+    plug_in_.AddCommand<orv::CCommandOrvOutline>();
+    plug_in_.AddCommand<orv::CCommandOrvGI>();
     plug_in_.AddCommand<orv::CCommandOrvLoadSettings>();
     plug_in_.AddCommand<orv::CCommandOrvSaveSettings>();
     plug_in_.AddCommand<orv::CCommandOrvResetSettings>();
