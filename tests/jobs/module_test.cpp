@@ -61,8 +61,9 @@ TEST_F(Module, HasItsCommands) {
     EXPECT_TRUE(command->Description().ends_with('.')) << command->EnglishCommandName();
     EXPECT_TRUE(command->Usage().ends_with(".\n")) << command->EnglishCommandName();
   }
-  EXPECT_THAT(names, ElementsAre("OrvOptions", "OrvTrace", "OrvOutline", "OrvGI", "OrvLoadSettings",
-                                 "OrvSaveSettings", "OrvResetSettings", "OrvEnvironmentMap",
+  EXPECT_THAT(names, ElementsAre("OrvOptions", "OrvExport", "OrvRender", "OrvTrace", "OrvOutline",
+                                 "OrvGI", "OrvLoadSettings", "OrvSaveSettings", "OrvResetSettings",
+                                 "OrvEnvironmentMap", "OrvRenderCubeMap", "OrvSubmitJob",
                                  "OrvVersionIncrement", "OrvWriteArchive"));
   EXPECT_EQ(ids.size(), names.size());
 }
