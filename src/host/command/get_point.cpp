@@ -62,8 +62,11 @@ std::string RangeText(ON_Interval domain) {
   return host::FormatG(domain.Min) + " to " + host::FormatG(domain.Max);
 }
 
+constexpr char kNoSurface[] = "The object has no surface to pick on.";
+
 // Why there is no point of a brep at a place.
 std::string WhyNotThere(const ON_Brep& brep, int face_index, bool is_named) {
+  if (brep.m_F.empty()) return kNoSurface;
   const ON_BrepFace* face = brep.Face(face_index);
   const std::string last_face = std::to_string(static_cast<int>(brep.m_F.size()) - 1);
   if (face == nullptr) return "The object has the faces 0 to " + last_face + ".";
@@ -71,7 +74,7 @@ std::string WhyNotThere(const ON_Brep& brep, int face_index, bool is_named) {
     return "The object has several faces: type face:u,v with a face from 0 to " + last_face + '.';
   }
   const ON_Surface& surface = brep.SurfaceOf(*face);
-  return "Face " + std::to_string(face_index) + " isn't there; its surface has u from " +
+  return "Face " + std::to_string(face_index) + " has no point there; its surface has u from " +
          RangeText(surface.Domain(0)) + " and v from " + RangeText(surface.Domain(1)) + '.';
 }
 
@@ -107,7 +110,7 @@ std::optional<CRhinoGet::Result> CRhinoGetPoint::TakePointOnBrep(std::string_vie
   const auto& [x, y, z] = place->at.numbers;
   if (place->at.count == 3) {
     on_brep_ = ON_ClosestPointOnBrep(*brep_, {x, y, z});
-    if (!on_brep_) return Refuse("The object has no surface to pick on.");
+    if (!on_brep_) return Refuse(kNoSurface);
   } else {
     const bool is_named = place->face_index || brep_->m_F.size() == 1;
     const int face_index = place->face_index.value_or(0);
