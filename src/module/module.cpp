@@ -6,10 +6,14 @@
 #include "jobs/environment_map_command.h"
 #include "jobs/ipr_commands.h"
 #include "jobs/option_commands.h"
+#include "jobs/copy_rhino_map_command.h"
+#include "jobs/material_command.h"
+#include "jobs/object_command.h"
 #include "jobs/plugin.h"
 #include "jobs/scene_commands.h"
 #include "jobs/settings_commands.h"
 #include "jobs/submit_job_command.h"
+#include "jobs/surface_command.h"
 #include "jobs/version_increment_command.h"
 #include "jobs/write_archive_command.h"
 
@@ -37,6 +41,10 @@ class Module {
     plug_in_.AddCommand<orv::CCommandOrvIprUpdateSelected>();
     plug_in_.AddCommand<orv::CCommandOrvIprUpdateView>();
     plug_in_.AddCommand<orv::CCommandOrvWriteArchive>();
+    plug_in_.AddCommand<orv::CCommandOrvSurface>();
+    plug_in_.AddCommand<orv::CCommandOrvMaterial>();
+    plug_in_.AddCommand<orv::CCommandOrvObject>();
+    plug_in_.AddCommand<orv::CCommandOrvCopyRhinoMap>();
   }
 
  private:

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "command_fixture.h"
+#include "support/scoped_environment.h"
+#include "support/shader_writer.h"
+
+class CRhinoObject;
+
+// Commands that edit shaders, with a renderer's folder that has some. Its path has backslashes in
+// messages.
+class ShaderCommandTest : public CommandTest {
+ protected:
+  ShaderCommandTest();
+
+  // The folder of the renderer as messages spell it, with a separator at its end.
+  std::string Home() const;
+  // Writes a shader with a float and a text parameter: "Diffuse" of 0.5 and "ColorMapName".
+  void WriteShader(const std::string& folder, const std::string& name, std::int8_t kind = 0) const;
+
+  // Edits a shader call with the answers to the prompts, none of which may be left over. Points are
+  // picked on `object`.
+  CommandResult Edit(Form form, std::string call, std::vector<std::string> answers,
+                     std::string_view kind = "Surface", const CRhinoObject* object = nullptr);
+  // What a person who accepts at the first prompt gets.
+  std::string Accepted(const std::string& call);
+
+  ScopedEnvironment home_{"ORVHOME", folder_.File("home")};
+  // The call that Edit has given.
+  std::string call_;
+  // What was refused.
+  std::vector<std::string> refusals_;
+};
