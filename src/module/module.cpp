@@ -2,11 +2,14 @@
 // module's exports.
 
 #include "host/command/plugin_module.h"
+#include "jobs/bake_command.h"
 #include "jobs/environment_map_command.h"
+#include "jobs/load_baked_maps_command.h"
 #include "jobs/plugin.h"
 #include "jobs/settings_commands.h"
 #include "jobs/version_increment_command.h"
 #include "jobs/write_archive_command.h"
+#include "side_export/export_vrml_command.h"
 
 namespace {
 
@@ -19,6 +22,9 @@ class Module {
     plug_in_.AddCommand<orv::CCommandOrvResetSettings>();
     plug_in_.AddCommand<orv::CCommandOrvEnvironmentMap>();
     plug_in_.AddCommand<orv::CCommandOrvVersionIncrement>();
+    plug_in_.AddCommand<orv::CCommandOrvBake>();
+    plug_in_.AddCommand<orv::CCommandOrvLoadBakedMaps>();
+    plug_in_.AddCommand<orv::CCommandOrvExportVrml>();
     plug_in_.AddCommand<orv::CCommandOrvWriteArchive>();
   }
 
