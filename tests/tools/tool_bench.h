@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
@@ -30,7 +32,8 @@ struct ToolRun {
 // Puts the folder of the stand-ins first in PATH and records their runs, as long as this lives.
 class ToolBench {
  public:
-  // `act`: what the stand-in does, one of the words in README.md; empty to make the target.
+  // `act`: what the stand-in does, one of the words in README.md; empty for the
+  // usual.
   explicit ToolBench(const std::string& act = "");
 
   // The folder in which the stand-ins are.
@@ -38,6 +41,9 @@ class ToolBench {
   void SetAct(const std::string& act) const;
   // The runs so far, in the order in which they began.
   std::vector<ToolRun> Runs() const;
+  // Waits until there are `count` of them, as nobody waits for a job: what there are then.
+  std::vector<ToolRun> WaitForRuns(
+      std::size_t count, std::chrono::milliseconds limit = std::chrono::seconds(20)) const;
 
  private:
   TempFolder folder_;
