@@ -199,7 +199,7 @@ TEST_F(BakeMaps, ObjectsNameTheirMaps) {
   settings_.BakeUseMap1 = false;
   EXPECT_THAT(Rib(), HasSubstr("    Attribute \"bake\" \"string bakemaps\" [\"\"]\n"));
   settings_.BakeMesh = settings_.BakeUseMap1 = true;
-  EXPECT_THAT(Rib(), HasSubstr("\"bakemaps\" [\"C:/maps"));
+  EXPECT_THAT(Rib(), HasSubstr("\"string bakemaps\" [\"C:/maps"));
   settings_.BakeEnable = settings_.BakeMesh = false;
   EXPECT_THAT(Rib(), Not(HasSubstr("bakemaps")));
 }

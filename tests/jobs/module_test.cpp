@@ -62,7 +62,8 @@ TEST_F(Module, HasItsCommands) {
     EXPECT_TRUE(command->Usage().ends_with(".\n")) << command->EnglishCommandName();
   }
   EXPECT_THAT(names, ElementsAre("OrvLoadSettings", "OrvSaveSettings", "OrvResetSettings",
-                                 "OrvEnvironmentMap", "OrvVersionIncrement", "OrvWriteArchive"));
+                                 "OrvEnvironmentMap", "OrvVersionIncrement", "OrvBake",
+                                 "OrvLoadBakedMaps", "OrvExportVrml", "OrvWriteArchive"));
   EXPECT_EQ(ids.size(), names.size());
 }
 
