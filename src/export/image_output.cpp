@@ -61,17 +61,6 @@ std::string ImageName(const RibWriter& writer, const RenderSettings& settings) {
   return host::JoinPath(parts);
 }
 
-std::string QuantizeText(int imagePrecision) {
-  switch (imagePrecision) {
-    case 1:
-      return R"("float[4] quantize" [0 65535 0 65535])";
-    case 2:
-      return R"("float[4] quantize" [0 0 0 0])";
-    default:
-      return R"("float[4] quantize" [0 255 0 255])";
-  }
-}
-
 void WriteChannelDeclarations(RibWriter& writer) {
   RibPrintf(writer, "Declare \"__diffuse\" \"varying color\"\n");
   RibPrintf(writer, "Declare \"__diffuse_unshadowed\" \"varying color\"\n");
@@ -116,6 +105,17 @@ void WriteImagePerChannel(RibWriter& writer, const RenderSettings& settings,
 }
 
 }  // namespace
+
+std::string QuantizeText(int imagePrecision) {
+  switch (imagePrecision) {
+    case 1:
+      return R"("float[4] quantize" [0 65535 0 65535])";
+    case 2:
+      return R"("float[4] quantize" [0 0 0 0])";
+    default:
+      return R"("float[4] quantize" [0 255 0 255])";
+  }
+}
 
 void WriteImageOutput(RibWriter& writer, const RenderSettings& settings,
                       const LightChannelCounts& lightChannelCounts) {

@@ -17,6 +17,9 @@ using LightChannelCounts = std::array<int, 10>;
 void WriteImageOutput(RibWriter& writer, const RenderSettings& settings,
                       const LightChannelCounts& lightChannelCounts);
 
+// How numbers are stored in an image: 0 8-bit, 1 16-bit, 2 float.
+std::string QuantizeText(int imagePrecision);
+
 // The Display statements of one image: into the viewer, into a file or both, and the same for the
 // right eye of a stereo pair.
 void WriteDisplayLines(RibWriter& writer, const RenderSettings& settings,

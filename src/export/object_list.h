@@ -14,4 +14,8 @@ namespace orv {
 using ObjectList = std::vector<CRhinoObject*>;
 ObjectList GatherObjects(CRhinoDoc& doc, bool selectedOnly, const RenderSettings& settings);
 
+// The objects that a bake pass makes maps of, hidden ones too, with every light. With
+// `selectedOnly` only the selected objects.
+ObjectList GatherBakeObjects(CRhinoDoc& doc, bool selectedOnly);
+
 }  // namespace orv

@@ -5,6 +5,7 @@
 #include "export/annotation_writer.h"
 #include "export/attribute_block.h"
 #include "export/attribute_scope.h"
+#include "export/bake_maps.h"
 #include "export/curve_writer.h"
 #include "export/line_look.h"
 #include "export/mesh_writer.h"
@@ -12,6 +13,7 @@
 #include "export/object_stream.h"
 #include "export/point_cloud_writer.h"
 #include "export/point_writer.h"
+#include "export/rib_text.h"
 #include "export/subd_writer.h"
 #include "export/surface_geometry.h"
 #include "host/document/app.h"
@@ -101,7 +103,7 @@ class ObjectWriter {
     BeginObjectBlock(writer);
     const ArchiveUse archive = UseOfArchive(record, blocks_);
     if (kind == Kind::Surface) WriteToonId();
-    // Maps of a bake pass.
+    WriteBakeMapNames(*record.Object);
     WriteGroups(writer, *record.Object, stream_.Doc);
     Body body = Body::Written;
     if (archive.WriteBody) body = WriteBody(record, kind, archive.Defining, writeGeometry);
@@ -114,6 +116,12 @@ class ObjectWriter {
   void WriteToonId() {
     if (!stream_.Settings.Outline || stream_.Settings.ToonId != kToonIdPerObject) return;
     RibPrintf(stream_.Writer, "Attribute \"toon\" \"id\" [%d]\n", nextToonId_++);
+  }
+
+  void WriteBakeMapNames(const CRhinoObject& object) {
+    if (!stream_.Settings.BakeEnable) return;
+    RibPrintf(stream_.Writer, "Attribute \"bake\" \"string bakemaps\" [\"%s\"]\n",
+              RibString(BakeMapList(stream_.Settings, object)).c_str());
   }
 
   // Material, attributes and geometry. What replaces the geometry leaves an archive open.

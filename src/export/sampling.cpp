@@ -22,7 +22,8 @@ int PixelSamples(const RenderSettings& settings) {
 void WriteSampling(RibWriter& writer, const RenderSettings& settings) {
   const int pixelSamples = PixelSamples(settings);
   RibPrintf(writer, "PixelSamples %d %d\n", pixelSamples, pixelSamples);
-  RibPrintf(writer, "ShadingRate %g\n", 1.0 / settings.ShadingSamples);
+  // A bake pass may have none, of which no number can be made.
+  RibPrintf(writer, "ShadingRate %g\n", 1.0 / std::max(settings.ShadingSamples, 1));
   RibPrintf(writer, "GeometricApproximation \"flatness\" [%g]\n", settings.Flatness);
   if (settings.AbsoluteTolerance) {
     RibPrintf(writer, "Attribute \"render\" \"string flatnessspace\" \"object\"\n");

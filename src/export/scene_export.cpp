@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "export/bake_maps.h"
+#include "export/bake_mesh.h"
 #include "export/camera.h"
 #include "export/frame.h"
 #include "export/global_light.h"
@@ -31,16 +33,18 @@ struct Scene {
   CRhinoDoc& doc;
   const CRhinoView& view;
   ObjectList objects;
+  // What a bake pass makes maps of; empty for any other export.
+  ObjectList bakeObjects;
   RenderSettings& settings;
   const IprSettings* iprSettings;
   TextureConverter& textures;
 };
 
 void WriteOutput(RibWriter& writer, const Scene& scene) {
-  const RenderSettings& settings = scene.settings;
-  // Bake map pass.
-  if (settings.BakeEnable && !settings.BakeMesh) return;
-  if (settings.BakeMesh) {
+  RenderSettings& settings = scene.settings;
+  if (settings.BakeEnable && !settings.BakeMesh) {
+    WriteBakeOutput(writer, settings, scene.bakeObjects);
+  } else if (settings.BakeMesh) {
     RibPrintf(writer, "Display \"bakemesh.tif\" \"framebuffer\" \"rgba\"\n");
   } else if (settings.WriteDisplay) {
     WriteImageOutput(writer, settings, CountLightChannels(settings, scene.objects));
@@ -66,7 +70,7 @@ bool WriteScene(RibWriter& writer, const Scene& scene) {
     WriteHeaderComments(writer);
     BeginFrame(writer, settings);
     WriteSampling(writer, settings);
-    // Mesh of a bake pass.
+    WriteBakeMeshOptions(writer, settings);
     WriteExposure(writer, settings);
     WriteOutput(writer, scene);
     WriteTiles(writer, settings);
@@ -145,7 +149,8 @@ int ExportSceneRib(std::string_view fileName, CRhinoDoc& doc,
                    std::string_view /*ignoredText*/, RenderSettings& settings,
                    const IprSettings* iprSettings, TextureConverter& textures) {
   ObjectList objects = GatherObjects(doc, writeOptions.Mode(0), settings);
-  // Objects that a bake pass makes maps for.
+  ObjectList bakeObjects;
+  if (settings.BakeEnable) bakeObjects = GatherBakeObjects(doc, writeOptions.Mode(0));
   const CRhinoView* view = ChooseView(doc, settings.ViewName);
   if (view == nullptr) {
     RhinoApp().Print("There is no view to export.\n");
@@ -157,7 +162,8 @@ int ExportSceneRib(std::string_view fileName, CRhinoDoc& doc,
     RhinoApp().Print("Missing rib file name");
     return 0;
   }
-  const Scene scene{doc, *view, std::move(objects), settings, iprSettings, textures};
+  const Scene scene{doc,         *view,   std::move(objects), std::move(bakeObjects), settings,
+                    iprSettings, textures};
   textures.BeginExport();
   const bool written = ReplaceOlderFile(path, scene, reparameterize);
   textures.EndExport();

@@ -17,7 +17,8 @@ namespace orv {
 // added to its name. Mode 0 of `writeOptions` asks for the selected objects only, with all lights.
 // `reparameterize` is for NURBS surfaces; `ignoredText` is not read. `iprSettings` is null unless
 // an interactive session asks. The settings' result fields (FormatWidth, FormatHeight, ViewportId,
-// CameraMatrix, CameraFov) become what was written. `textures` converts the images; those that
+// CameraMatrix, CameraFov, BakeDisplayCount) become what was written; a bake of meshes also changes
+// those that its BakeMeshMode rules. `textures` converts the images; those that
 // failed in a finished export are tried again by the next one.
 int ExportSceneRib(std::string_view fileName, CRhinoDoc& doc,
                    const CRhinoFileWriteOptions& writeOptions, int reparameterize,

@@ -2,13 +2,15 @@
 // module's exports.
 
 #include "host/command/plugin_module.h"
+#include "jobs/bake_command.h"
+#include "jobs/copy_rhino_map_command.h"
 #include "jobs/cube_map_command.h"
 #include "jobs/environment_map_command.h"
 #include "jobs/ipr_commands.h"
-#include "jobs/option_commands.h"
-#include "jobs/copy_rhino_map_command.h"
+#include "jobs/load_baked_maps_command.h"
 #include "jobs/material_command.h"
 #include "jobs/object_command.h"
+#include "jobs/option_commands.h"
 #include "jobs/plugin.h"
 #include "jobs/scene_commands.h"
 #include "jobs/settings_commands.h"
@@ -16,6 +18,7 @@
 #include "jobs/surface_command.h"
 #include "jobs/version_increment_command.h"
 #include "jobs/write_archive_command.h"
+#include "side_export/export_vrml_command.h"
 
 namespace {
 
@@ -24,8 +27,10 @@ class Module {
  public:
   Module() {
     plug_in_.AddCommand<orv::CCommandOrvOptions>();
+    plug_in_.AddCommand<orv::CCommandOrvSurface>();
     plug_in_.AddCommand<orv::CCommandSceneOut>();
     plug_in_.AddCommand<orv::CCommandOrvRender>();
+    plug_in_.AddCommand<orv::CCommandOrvMaterial>();
     plug_in_.AddCommand<orv::CCommandOrvTrace>();
     plug_in_.AddCommand<orv::CCommandOrvOutline>();
     plug_in_.AddCommand<orv::CCommandOrvGI>();
@@ -33,17 +38,18 @@ class Module {
     plug_in_.AddCommand<orv::CCommandOrvSaveSettings>();
     plug_in_.AddCommand<orv::CCommandOrvResetSettings>();
     plug_in_.AddCommand<orv::CCommandOrvEnvironmentMap>();
-    plug_in_.AddCommand<orv::CCommandOrvRenderCubeMap>();
-    plug_in_.AddCommand<orv::CCommandOrvSubmitJob>();
-    plug_in_.AddCommand<orv::CCommandOrvVersionIncrement>();
     plug_in_.AddCommand<orv::CCommandOrvIprStart>();
+    plug_in_.AddCommand<orv::CCommandOrvRenderCubeMap>();
     plug_in_.AddCommand<orv::CCommandOrvIprEnd>();
     plug_in_.AddCommand<orv::CCommandOrvIprUpdateSelected>();
     plug_in_.AddCommand<orv::CCommandOrvIprUpdateView>();
-    plug_in_.AddCommand<orv::CCommandOrvWriteArchive>();
-    plug_in_.AddCommand<orv::CCommandOrvSurface>();
-    plug_in_.AddCommand<orv::CCommandOrvMaterial>();
+    plug_in_.AddCommand<orv::CCommandOrvSubmitJob>();
+    plug_in_.AddCommand<orv::CCommandOrvVersionIncrement>();
+    plug_in_.AddCommand<orv::CCommandOrvBake>();
+    plug_in_.AddCommand<orv::CCommandOrvLoadBakedMaps>();
+    plug_in_.AddCommand<orv::CCommandOrvExportVrml>();
     plug_in_.AddCommand<orv::CCommandOrvObject>();
+    plug_in_.AddCommand<orv::CCommandOrvWriteArchive>();
     plug_in_.AddCommand<orv::CCommandOrvCopyRhinoMap>();
   }
 

@@ -234,6 +234,8 @@ struct RenderSettings {
   std::array<double, 16> CameraMatrix{};
   // The field of view that was written, 0 for a parallel view.
   double CameraFov = 0;
+  // How many maps a bake pass asks for.
+  int BakeDisplayCount = 0;
 };
 
 }  // namespace orv

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "corpus_facts.h"
 #include "export_fixture.h"
+#include "support/corpus_facts.h"
 #include "support/rib_checker.h"
 
 // The geometry of real documents in the stream, compared with what another reader found in them.

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <vector>
 
-#include "corpus_facts.h"
 #include "export/curve_writer.h"
 #include "export_fixture.h"
+#include "support/corpus_facts.h"
 #include "support/rib_checker.h"
 
 // Curves of real documents, compared with what another reader found in them.

@@ -6,11 +6,11 @@
 #include <cmath>
 #include <numbers>
 
-#include "corpus_facts.h"
 #include "export/attribute_block.h"
 #include "export/material_statements.h"
 #include "export_fixture.h"
 #include "shading/shader_call.h"
+#include "support/corpus_facts.h"
 #include "support/rib_checker.h"
 #include "tools/tool_bench.h"
 

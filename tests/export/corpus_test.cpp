@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "corpus_facts.h"
 #include "export_fixture.h"
 #include "host/system/number_text.h"
+#include "support/corpus_facts.h"
 
 // Exports of real documents, compared with what another reader found in them.
 

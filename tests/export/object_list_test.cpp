@@ -40,6 +40,14 @@ class ObjectListTest : public testing::Test {
     return names;
   }
 
+  std::vector<std::string> BakeNames(bool selectedOnly) {
+    std::vector<std::string> names;
+    for (const CRhinoObject* object : orv::GatherBakeObjects(doc_, selectedOnly)) {
+      names.push_back(object->Attributes().m_name);
+    }
+    return names;
+  }
+
   CRhinoDoc doc_;
   orv::RenderSettings settings_;
 };
@@ -57,6 +65,16 @@ TEST_F(ObjectListTest, OfASelectionHoldsTheSelectedObjectsAndEveryLight) {
 TEST_F(ObjectListTest, OfASelectionInABakePassHoldsTheOtherVisibleObjects) {
   settings_.BakeEnable = true;
   EXPECT_THAT(Names(true), ElementsAre("mesh", "locked", "light", "hidden light"));
+}
+
+TEST_F(ObjectListTest, MapsAreBakedOfHiddenObjectsToo) {
+  EXPECT_THAT(BakeNames(false),
+              ElementsAre("mesh", "hidden", "off", "locked", "light", "hidden light"));
+}
+
+TEST_F(ObjectListTest, MapsOfASelectionAreBakedOfTheSelectedObjectsAndEveryLight) {
+  ASSERT_TRUE(doc_.Objects()[0]->Select());
+  EXPECT_THAT(BakeNames(true), ElementsAre("mesh", "light", "hidden light"));
 }
 
 TEST_F(ObjectListTest, LeavesOutMembersOfBlockDefinitions) {

@@ -259,4 +259,57 @@ TEST(RibChecker, ClosesAnOpenArrayBeforeTheNextStatement) {
               ElementsAre("line 2: an array is not closed"));
 }
 
+constexpr std::string_view kMaps = R"(Format 256 256 1
+Format 32 16 1
+Display "a.png" "file" "rgb"
+Option "bake" "float border" [1]
+Option "bake" "integer borderwrap" [1]
+AttributeBegin
+  Attribute "bake" "string bakemaps" ["a.png,a_2.png"]
+AttributeEnd
+AttributeBegin
+  Attribute "bake" "string bakemaps" [""]
+AttributeEnd
+)";
+
+TEST(RibChecker, AcceptsASoundBakePass) {
+  EXPECT_THAT(Complaints(kMaps), IsEmpty());
+  EXPECT_THAT(Complaints("Option \"bake\" \"bakemesh\" [1]\n"
+                         "Attribute \"render\" \"meshoutput\" \"color Cs=color __constant\"\n"
+                         "Attribute \"render\" \"meshexclude\" \"N,st\"\n"),
+              IsEmpty());
+}
+
+TEST(RibChecker, FindsWhatIsNoStatementOfABake) {
+  for (const char* option : {"\"bakemesh\" [0]", "\"bakemesh\" 1", "\"float border\" [-1]",
+                             "\"float border\" [1 1]", "\"border\" [1]", "\"bakemesh\""}) {
+    EXPECT_THAT(Complaints(std::string("Option \"bake\" ") + option + "\n"),
+                ElementsAre("line 1: the Option is none of a bake"))
+        << option;
+  }
+  for (const char* attribute :
+       {"\"bake\" \"string bakemaps\" [\"a,,b\"]", "\"bake\" \"string bakemaps\" [\",a\"]",
+        "\"bake\" \"string bakemaps\" [\"a\" \"b\"]", "\"bake\" \"string bakemaps\" \"a\"",
+        "\"bake\" \"bakemaps\" [\"a\"]", "\"render\" \"meshexclude\" \"P\"",
+        "\"render\" \"meshoutput\" \"color\""}) {
+    EXPECT_THAT(Complaints(std::string("Attribute ") + attribute + "\n"),
+                ElementsAre("line 1: the Attribute is none of a bake"))
+        << attribute;
+  }
+}
+
+TEST(RibChecker, FindsMapsThatCannotBeMade) {
+  const auto complaints = [](std::string_view statements) {
+    return Complaints(std::string(statements) + "Option \"bake\" \"float border\" [1]\n");
+  };
+  EXPECT_THAT(complaints("Display \"a\" \"file\" \"rgb\"\n"),
+              ElementsAre("line 1: the map has no size"));
+  EXPECT_THAT(complaints("Format 0 8 1\n"), ElementsAre("line 1: it is no size of a map"));
+  EXPECT_THAT(complaints("Format 8 8 1\nDisplay \"a\" \"framebuffer\" \"rgb\"\n"),
+              ElementsAre("line 2: the map is no file"));
+  EXPECT_THAT(complaints("Format 8 8 1\nDisplay \"a\" \"file\" \"rgb\"\n"
+                         "Display \"a\" \"file\" \"r\"\n"),
+              ElementsAre("line 3: another map has this file"));
+}
+
 }  // namespace

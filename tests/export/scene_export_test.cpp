@@ -191,25 +191,12 @@ TEST_F(SceneExportTest, WithoutDisplayThereIsNoImageOutput) {
   EXPECT_THAT(rib, HasSubstr("Exposure 1 1.8\nOption \"limits\""));
 }
 
-TEST_F(SceneExportTest, ABakedMeshHasADisplayOfItsOwn) {
-  Open();
-  settings_.BakeEnable = true;
-  settings_.BakeMesh = true;
-  EXPECT_THAT(Rib(), HasSubstr("\nDisplay \"bakemesh.tif\" \"framebuffer\" \"rgba\"\nOption"));
-}
-
 TEST_F(SceneExportTest, TheDisplayOfABakedMeshStandsWithoutABakeToo) {
   Open();
   settings_.BakeMesh = true;
   settings_.RenderToFile = true;
   EXPECT_THAT(Rib(), HasSubstr("Exposure 1 1.8\n"
                                "Display \"bakemesh.tif\" \"framebuffer\" \"rgba\"\nOption"));
-}
-
-TEST_F(SceneExportTest, ABakeOfMapsHasNoImage) {
-  Open();
-  settings_.BakeEnable = true;
-  EXPECT_THAT(Rib(), Not(HasSubstr("Display")));
 }
 
 TEST_F(SceneExportTest, IsTheSameAgain) {

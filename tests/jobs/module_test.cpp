@@ -61,10 +61,13 @@ TEST_F(Module, HasItsCommands) {
     EXPECT_TRUE(command->Description().ends_with('.')) << command->EnglishCommandName();
     EXPECT_TRUE(command->Usage().ends_with(".\n")) << command->EnglishCommandName();
   }
-  EXPECT_THAT(names, ElementsAre("OrvOptions", "OrvExport", "OrvRender", "OrvTrace", "OrvOutline",
-                                 "OrvGI", "OrvLoadSettings", "OrvSaveSettings", "OrvResetSettings",
-                                 "OrvEnvironmentMap", "OrvRenderCubeMap", "OrvSubmitJob",
-                                 "OrvVersionIncrement", "OrvWriteArchive"));
+  EXPECT_THAT(
+      names, ElementsAre("OrvOptions", "OrvSurface", "OrvExport", "OrvRender", "OrvMaterial",
+                         "OrvTrace", "OrvOutline", "OrvGI", "OrvLoadSettings", "OrvSaveSettings",
+                         "OrvResetSettings", "OrvEnvironmentMap", "OrvIprStart", "OrvRenderCubeMap",
+                         "OrvIprEnd", "OrvIprUpdateSelected", "OrvIprUpdateView", "OrvSubmitJob",
+                         "OrvVersionIncrement", "OrvBake", "OrvLoadBakedMaps", "OrvExportVrml",
+                         "OrvObject", "OrvWriteArchive", "OrvCopyRhinoMap"));
   EXPECT_EQ(ids.size(), names.size());
 }
 

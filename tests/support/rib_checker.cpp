@@ -4,6 +4,7 @@
 #include <array>
 #include <set>
 
+#include "support/rib_bake_checker.h"
 #include "support/rib_mesh_checker.h"
 #include "support/rib_nurbs_checker.h"
 #include "support/rib_parser.h"
@@ -116,5 +117,6 @@ RibReport CheckRib(std::string_view rib) {
   RibReport report;
   ParseRib(rib, report);
   CheckStatements(report);
+  CheckRibBake(report);
   return report;
 }

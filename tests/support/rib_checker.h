@@ -45,5 +45,6 @@ struct RibReport {
 // - its polygon and subdivision meshes: indices against points, and the length of each parameter
 //   against its class and type, by the names known to every renderer, by Declare or inline;
 // - its patches, trims and curves: knots against orders and control points, domains inside the
-//   knots, and the lengths of all arrays.
+//   knots, and the lengths of all arrays;
+// - its bake pass: known options and attributes, and maps that are files of their own with a size.
 RibReport CheckRib(std::string_view rib);

@@ -1,4 +1,4 @@
-#include "corpus_facts.h"
+#include "support/corpus_facts.h"
 
 #include <gtest/gtest.h>
 
