@@ -62,6 +62,7 @@ CRhinoTableEvent DocStates::Exchange(AttributesState& state) {
   if (object != nullptr) {
     const bool wasVisible = object->IsVisible();
     std::swap(object->attributes_, state.attributes);
+    object->edited_ = true;
     if (object->IsVisible() != wasVisible || object->IsInstanceDefinitionGeometry()) {
       doc_.ForgetWhatIsShown();
     }

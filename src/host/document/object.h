@@ -48,6 +48,9 @@ class CRhinoObject {
   bool IsVisible() const;
   // True when it or its layer is locked.
   bool IsLocked() const;
+  // True for a light that was deleted: nothing shows, finds or counts it, but Undo may bring it
+  // back.
+  bool IsDeleted() const { return deleted_; }
   bool IsHidden() const;
   // True for a member of a block definition, which isn't drawn on its own.
   bool IsInstanceDefinitionGeometry() const;
@@ -67,6 +70,7 @@ class CRhinoObject {
  private:
   friend class CRhinoDoc;
   friend class DocStates;
+  friend class DocumentSaver;
 
   // A selected object is visible and not locked.
   void DeselectUnlessSelectable();
@@ -78,8 +82,11 @@ class CRhinoObject {
   ON_UUID class_id_;
   ON_ObjectType stored_type_;
   ON_FileSpan span_;
+  // Its attributes may be others than in that file.
+  bool edited_ = false;
   // Set by the document for the objects that its block definitions list.
   bool listed_in_definition_ = false;
+  bool deleted_ = false;
   bool selected_ = false;
   mutable std::optional<Meshes> render_meshes_;
 };
