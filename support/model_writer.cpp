@@ -1,8 +1,8 @@
 #include "support/model_writer.h"
 
+#include "host/archive/chunk_writer.h"
 #include "host/archive/file_layout.h"
 #include "host/archive/typecodes.h"
-#include "support/chunk_writer.h"
 #include "support/record_writers.h"
 
 namespace model_writer {
@@ -37,13 +37,13 @@ void WriteTables(ON_BinaryArchive& archive, const ONX_Model& model) {
   WriteSettings(archive, model.m_settings);
   WriteEmptyTable(archive, TCODE_BITMAP_TABLE);
   WriteEmptyTable(archive, TCODE_TEXTURE_MAPPING_TABLE);
-  WriteIndexedTable(archive, TCODE_MATERIAL_TABLE, model.m_material_table, WriteMaterial);
+  WriteIndexedTable(archive, TCODE_MATERIAL_TABLE, model.m_material_table, host::WriteMaterial);
   WriteIndexedTable(archive, TCODE_LINETYPE_TABLE, model.m_linetype_table, WriteLinetype);
-  WriteIndexedTable(archive, TCODE_LAYER_TABLE, model.m_layer_table, WriteLayer);
+  WriteIndexedTable(archive, TCODE_LAYER_TABLE, model.m_layer_table, host::WriteLayer);
   WritePlainTable(archive, TCODE_GROUP_TABLE, model.m_group_table, WriteGroup);
   WriteIndexedTable(archive, TCODE_FONT_TABLE, model.m_dimstyle_table, WriteTextStyle);
   WriteIndexedTable(archive, TCODE_DIMSTYLE_TABLE, model.m_dimstyle_table, WriteDimStyle);
-  WriteIndexedTable(archive, TCODE_LIGHT_TABLE, model.m_light_table, WriteLight);
+  WriteIndexedTable(archive, TCODE_LIGHT_TABLE, model.m_light_table, host::WriteLight);
   WriteEmptyTable(archive, TCODE_HATCHPATTERN_TABLE);
   WritePlainTable(archive, TCODE_INSTANCE_DEFINITION_TABLE, model.m_idef_table,
                   WriteInstanceDefinition);
@@ -53,8 +53,8 @@ void WriteTables(ON_BinaryArchive& archive, const ONX_Model& model) {
     }
   });
   WriteEmptyTable(archive, TCODE_HISTORYRECORD_TABLE);
-  WriteDocumentUserStrings(archive, model.m_document_user_strings);
-  for (const ONX_PlugInData& data : model.m_userdata_table) WritePlugInData(archive, data);
+  host::WriteDocumentUserStrings(archive, model.m_document_user_strings);
+  for (const ONX_PlugInData& data : model.m_userdata_table) host::WritePlugInData(archive, data);
 }
 
 }  // namespace

@@ -3,7 +3,9 @@
 #include <vector>
 
 #include "host/archive/binary_archive.h"
+#include "host/archive/chunk_writer.h"
 #include "host/archive/model.h"
+#include "host/archive/record_writers.h"
 #include "host/geometry/on_annotation.h"
 #include "host/geometry/on_brep.h"
 #include "host/geometry/on_curve.h"
@@ -17,6 +19,12 @@
 
 namespace model_writer {
 
+using host::ChunkWriter;
+using host::WriteArray;
+using host::WriteClass;
+using host::WriteContent;
+using host::WriteTable;
+
 inline constexpr ON_UUID kMeshClass = "4ed7d4e4-e947-11d3-bfe5-0010830122f0"_uuid;
 
 void WriteProperties(ON_BinaryArchive& archive, const ON_3dmProperties& properties);
@@ -26,8 +34,6 @@ void WriteViewList(ON_BinaryArchive& archive, std::uint32_t typecode,
                    const std::vector<ON_3dmView>& views);
 
 // `index` is the position in the table.
-void WriteLayer(ON_BinaryArchive& archive, const ON_Layer& layer, int index);
-void WriteMaterial(ON_BinaryArchive& archive, const ON_Material& material, int index);
 void WriteLinetype(ON_BinaryArchive& archive, const ON_Linetype& linetype, int index);
 void WriteGroup(ON_BinaryArchive& archive, const ON_Group& group);
 // A dimension style, and the text style with its font, which stands at the same position.
@@ -35,12 +41,9 @@ void WriteDimStyle(ON_BinaryArchive& archive, const ON_DimStyle& style, int inde
 void WriteTextStyle(ON_BinaryArchive& archive, const ON_DimStyle& style, int index);
 void WriteInstanceDefinition(ON_BinaryArchive& archive, const ON_InstanceDefinition& definition);
 
-void WriteLight(ON_BinaryArchive& archive, const ONX_ModelLight& light, int index);
 // Annotations name their style by its position among `styles`.
 void WriteObject(ON_BinaryArchive& archive, const ONX_ModelObject& object,
                  const std::vector<ON_DimStyle>& styles);
-// The attributes without their chunk.
-void WriteAttributes(ON_BinaryArchive& archive, const ON_3dmObjectAttributes& attributes);
 // A geometry's data without a wrapper.
 void WriteMeshData(ON_BinaryArchive& archive, const ON_Mesh& mesh);
 void WriteClippingPlaneData(ON_BinaryArchive& archive, const ON_ClippingPlaneSurface& surface);
@@ -60,10 +63,5 @@ void WritePlaneSurfaceData(ON_BinaryArchive& archive, const ON_PlaneSurface& sur
 ON_UUID AnnotationClass(const ON_Annotation& annotation);
 void WriteAnnotationData(ON_BinaryArchive& archive, const ON_Annotation& annotation,
                          const std::vector<ON_DimStyle>& styles);
-
-// The table of one plug-in.
-void WritePlugInData(ON_BinaryArchive& archive, const ONX_PlugInData& data);
-// The table in which a document keeps its own user strings; nothing when there are none.
-void WriteDocumentUserStrings(ON_BinaryArchive& archive, const ON_UserStringList& strings);
 
 }  // namespace model_writer

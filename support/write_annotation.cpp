@@ -3,9 +3,9 @@
 #include <cmath>
 #include <optional>
 
+#include "host/archive/chunk_writer.h"
 #include "host/archive/typecodes.h"
 #include "host/system/text.h"
-#include "support/chunk_writer.h"
 #include "support/record_writers.h"
 
 // Annotations and their styles in the form of versions 4 and 5. Each style has a text style of its

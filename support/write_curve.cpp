@@ -1,10 +1,10 @@
+#include "host/archive/chunk_writer.h"
 #include "host/archive/typecodes.h"
 #include "host/geometry/on_arc_curve.h"
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_poly_curve.h"
 #include "host/geometry/on_polyline_curve.h"
-#include "support/chunk_writer.h"
 #include "support/record_writers.h"
 
 namespace model_writer {

@@ -2,8 +2,8 @@
 #include <initializer_list>
 #include <vector>
 
+#include "host/archive/chunk_writer.h"
 #include "host/archive/typecodes.h"
-#include "support/chunk_writer.h"
 #include "support/record_writers.h"
 
 namespace model_writer {

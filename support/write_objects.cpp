@@ -1,6 +1,6 @@
+#include "host/archive/chunk_writer.h"
 #include "host/archive/typecodes.h"
 #include "host/geometry/on_instance_ref.h"
-#include "support/chunk_writer.h"
 #include "support/record_writers.h"
 
 namespace model_writer {
@@ -13,7 +13,6 @@ constexpr ON_UUID kClippingPlaneClass = "dbc5a584-ce3f-4170-98a8-497069ca5c36"_u
 constexpr ON_UUID kInstanceRefClass = "f9cfb638-b9d4-4340-87e3-c56e7865d96a"_uuid;
 constexpr ON_UUID kExtrusionClass = "36f53175-72b8-4d47-bf1f-b4e6fc24f4b9"_uuid;
 constexpr ON_UUID kSubDClass = "f09ba4d9-455b-42c3-ba3b-e6ccacef853b"_uuid;
-constexpr ON_UUID kLightClass = "85a08513-f383-11d3-bfe7-0010830122f0"_uuid;
 
 void WritePointData(ON_BinaryArchive& archive, const ON_Point& point) {
   archive.Write3dmChunkVersion(1, 0);
@@ -36,42 +35,6 @@ void WriteInstanceRefData(ON_BinaryArchive& archive, const ON_InstanceRef& refer
   archive.WriteUuid(reference.m_instance_definition_uuid);
   archive.WriteXform(reference.m_xform);
   archive.WriteBoundingBox(reference.m_bbox);
-}
-
-void WriteLightData(ON_BinaryArchive& archive, const ON_Light& light, int index) {
-  archive.Write3dmChunkVersion(1, 2);
-  archive.WriteInt(light.m_bOn);
-  archive.WriteInt(static_cast<std::int32_t>(light.m_style));
-  archive.WriteDouble(light.m_intensity);
-  archive.WriteDouble(light.m_watts);
-  archive.WriteColor(light.m_ambient);
-  archive.WriteColor(light.m_diffuse);
-  archive.WriteColor(light.m_specular);
-  archive.WriteVector(light.m_direction);
-  archive.WritePoint(light.m_location);
-  archive.WriteDouble(light.m_spot_angle);
-  archive.WriteDouble(light.m_spot_exponent);
-  archive.WriteVector(light.m_attenuation);
-  archive.WriteDouble(light.m_shadow_intensity);
-  archive.WriteInt(index);
-  archive.WriteUuid(light.m_light_id);
-  archive.WriteString(light.m_light_name);
-  archive.WriteVector(light.m_length);
-  archive.WriteVector(light.m_width);
-  archive.WriteDouble(light.m_hotspot);
-}
-
-// Attributes and their user strings, each in its chunk.
-void WriteAttributeChunks(ON_BinaryArchive& archive, const ON_3dmObjectAttributes& attributes,
-                          std::uint32_t typecode, std::uint32_t user_data_typecode) {
-  {
-    const ChunkWriter chunk(archive, typecode);
-    WriteAttributes(archive, attributes);
-  }
-  if (attributes.m_user_strings.IsEmpty()) return;
-  const ChunkWriter chunk(archive, user_data_typecode);
-  WriteUserStrings(archive, attributes.m_user_strings);
-  archive.WriteShortChunk(TCODE_OPENNURBS_CLASS_END, 0);
 }
 
 // The class of an object and how its data is written.
@@ -127,15 +90,6 @@ GeometryWriter WriterFor(const ONX_ModelObject& object, const std::vector<ON_Dim
 
 }  // namespace
 
-void WriteLight(ON_BinaryArchive& archive, const ONX_ModelLight& light, int index) {
-  const ChunkWriter record(archive, TCODE_LIGHT_RECORD);
-  WriteClass(archive, kLightClass, light.m_light->m_user_strings,
-             [&](ON_BinaryArchive& data) { WriteLightData(data, *light.m_light, index); });
-  WriteAttributeChunks(archive, light.m_attributes, TCODE_LIGHT_RECORD_ATTRIBUTES,
-                       TCODE_LIGHT_RECORD_ATTRIBUTES_USERDATA);
-  archive.WriteShortChunk(TCODE_LIGHT_RECORD_END, 0);
-}
-
 void WriteObject(ON_BinaryArchive& archive, const ONX_ModelObject& object,
                  const std::vector<ON_DimStyle>& styles) {
   const ON_Geometry* geometry = object.m_geometry.get();
@@ -146,41 +100,9 @@ void WriteObject(ON_BinaryArchive& archive, const ONX_ModelObject& object,
   archive.WriteShortChunk(TCODE_OBJECT_RECORD_TYPE, type);
   WriteClass(archive, writer.class_id,
              geometry != nullptr ? geometry->m_user_strings : ON_UserStringList(), writer.data);
-  WriteAttributeChunks(archive, object.m_attributes, TCODE_OBJECT_RECORD_ATTRIBUTES,
-                       TCODE_OBJECT_RECORD_ATTRIBUTES_USERDATA);
+  host::WriteAttributeChunks(archive, object.m_attributes, TCODE_OBJECT_RECORD_ATTRIBUTES,
+                             TCODE_OBJECT_RECORD_ATTRIBUTES_USERDATA);
   archive.WriteShortChunk(TCODE_OBJECT_RECORD_END, 0);
-}
-
-void WritePlugInData(ON_BinaryArchive& archive, const ONX_PlugInData& data) {
-  WriteTable(archive, TCODE_USER_TABLE, [&](ON_BinaryArchive& table) {
-    {
-      const ChunkWriter id(table, TCODE_USER_TABLE_UUID);
-      table.WriteUuid(data.m_plugin_id);
-      if (table.Archive3dmVersion() >= 50) {
-        const ChunkWriter header(table, TCODE_USER_TABLE_RECORD_HEADER, 1, 0);
-        table.WriteBool(data.m_saved_as_goo);
-        table.WriteInt(data.m_archive_version);
-        table.WriteInt(static_cast<std::int32_t>(data.m_opennurbs_version));
-      }
-    }
-    const ChunkWriter record(table, TCODE_USER_RECORD);
-    table.WriteByte(std::as_bytes(std::span(data.m_bytes)));
-  });
-}
-
-void WriteDocumentUserStrings(ON_BinaryArchive& archive, const ON_UserStringList& strings) {
-  constexpr ON_UUID kDocumentStrings = "06f3218e-f5ec-4f6c-b74c-14583f0ed7bc"_uuid;
-  if (strings.IsEmpty()) return;
-  ON_BinaryArchive bytes(archive.Archive3dmVersion(), archive.ArchiveOpenNURBSVersion());
-  WriteClass(bytes, kDocumentStrings, strings, [](ON_BinaryArchive& data) {
-    const ChunkWriter empty(data, TCODE_ANONYMOUS_CHUNK, 1, 0);
-  });
-  ONX_PlugInData data;
-  data.m_plugin_id = kDocumentStrings;
-  data.m_archive_version = archive.Archive3dmVersion();
-  data.m_opennurbs_version = archive.ArchiveOpenNURBSVersion();
-  data.m_bytes = bytes.TakeBytes();
-  WritePlugInData(archive, data);
 }
 
 }  // namespace model_writer

@@ -1,5 +1,5 @@
+#include "host/archive/chunk_writer.h"
 #include "host/archive/typecodes.h"
-#include "support/chunk_writer.h"
 #include "support/record_writers.h"
 
 // The control net of a SubD. Documents name a part by its number, counted through vertices, edges

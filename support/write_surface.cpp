@@ -1,7 +1,7 @@
+#include "host/archive/chunk_writer.h"
 #include "host/geometry/on_nurbs_surface.h"
 #include "host/geometry/on_rev_surface.h"
 #include "host/geometry/on_sum_surface.h"
-#include "support/chunk_writer.h"
 #include "support/record_writers.h"
 
 namespace model_writer {

@@ -1,5 +1,5 @@
+#include "host/archive/chunk_writer.h"
 #include "host/archive/typecodes.h"
-#include "support/chunk_writer.h"
 #include "support/record_writers.h"
 
 namespace model_writer {

@@ -5,12 +5,6 @@
 namespace host {
 namespace {
 
-struct UserDataHeader {
-  ON_UUID class_id;
-  int archive_version = 0;
-  unsigned opennurbs_version = 0;
-};
-
 // The fields of a header, which stand in a chunk of their own from version 2 on.
 bool ReadHeaderFields(ON_BinaryArchive& archive, int major, int minor, UserDataHeader& header) {
   ON_UUID item_id, application_id;
@@ -25,23 +19,6 @@ bool ReadHeaderFields(ON_BinaryArchive& archive, int major, int minor, UserDataH
   if (major < 2 || minor < 2) return true;
   return archive.ReadBool(&saved_as_goo) && archive.ReadInt(&header.archive_version) &&
          archive.ReadInt(&header.opennurbs_version);
-}
-
-bool ReadUserDataHeader(ON_BinaryArchive& archive, UserDataHeader& header) {
-  int major = 0, minor = 0;
-  if (!archive.Read3dmChunkVersion(&major, &minor)) return false;
-  if (major != 1 && major != 2) return archive.Fail("user data of an unknown version");
-  // What a writer that didn't say worked under.
-  const bool wide = archive.Archive3dmVersion() >= 50;
-  header.archive_version = wide ? 5 : archive.Archive3dmVersion();
-  header.opennurbs_version = wide ? 200910180 : archive.ArchiveOpenNURBSVersion();
-  if (major == 1) return ReadHeaderFields(archive, major, minor, header);
-  if (!BeginReadChunkOf(archive, TCODE_OPENNURBS_CLASS_USERDATA_HEADER,
-                        "user data without a header")) {
-    return false;
-  }
-  const bool read = ReadHeaderFields(archive, major, minor, header);
-  return archive.EndRead3dmChunk() && read;
 }
 
 // Reads one item, called with its chunk open. What is broken in it stays there.
@@ -63,6 +40,23 @@ void ReadUserDataItem(ON_BinaryArchive& archive, ON_UserStringList* strings,
 }
 
 }  // namespace
+
+bool ReadUserDataHeader(ON_BinaryArchive& archive, UserDataHeader& header) {
+  int major = 0, minor = 0;
+  if (!archive.Read3dmChunkVersion(&major, &minor)) return false;
+  if (major != 1 && major != 2) return archive.Fail("user data of an unknown version");
+  // What a writer that didn't say worked under.
+  const bool wide = archive.Archive3dmVersion() >= 50;
+  header.archive_version = wide ? 5 : archive.Archive3dmVersion();
+  header.opennurbs_version = wide ? 200910180 : archive.ArchiveOpenNURBSVersion();
+  if (major == 1) return ReadHeaderFields(archive, major, minor, header);
+  if (!BeginReadChunkOf(archive, TCODE_OPENNURBS_CLASS_USERDATA_HEADER,
+                        "user data without a header")) {
+    return false;
+  }
+  const bool read = ReadHeaderFields(archive, major, minor, header);
+  return archive.EndRead3dmChunk() && read;
+}
 
 bool ReadClassId(ON_BinaryArchive& archive, ON_UUID* class_id) {
   if (!BeginReadChunkOf(archive, TCODE_OPENNURBS_CLASS_UUID, "an object without a class id")) {

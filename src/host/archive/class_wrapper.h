@@ -11,6 +11,15 @@ namespace host {
 
 inline constexpr ON_UUID kUserStringListId = "ce28de29-f4c5-4faa-a50a-c3a6849b6329"_uuid;
 
+// What stands before the payload of an item of user data.
+struct UserDataHeader {
+  ON_UUID class_id;
+  // Under which the payload was written.
+  int archive_version = 0;
+  unsigned opennurbs_version = 0;
+};
+[[nodiscard]] bool ReadUserDataHeader(ON_BinaryArchive& archive, UserDataHeader& header);
+
 // Reads the payload of an item of user data whose class is `class_id`, when it knows that class. It
 // is called with the payload's chunk open; what it leaves unread is skipped. A payload that turns
 // out broken marks its own chunk as failed and nothing else.

@@ -12,8 +12,7 @@ namespace {
 
 constexpr std::string_view kMagic = "3D Geometry File Format ";
 constexpr std::size_t kVersionSize = 8;
-constexpr std::size_t kStartSize = 32;
-static_assert(kMagic.size() + kVersionSize == kStartSize);
+static_assert(kMagic.size() + kVersionSize == kFileStartSize);
 // Ends the text of the comment block.
 constexpr char kEndOfComments = '\x1a';
 
@@ -43,6 +42,7 @@ struct TableKind {
   const char* name;
 };
 
+// In the order in which they stand in documents.
 constexpr std::array kTables{
     TableKind{TCODE_COMMENTBLOCK, "comment block"},
     TableKind{TCODE_PROPERTIES_TABLE, "properties"},
@@ -77,8 +77,9 @@ unsigned LibraryVersionIn(ON_BinaryArchive& archive) {
 }  // namespace
 
 bool ReadFileStart(ByteSource& source, int* version, std::string* error) {
-  std::array<char, kStartSize> start{};
-  const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(source.Size(), kStartSize));
+  std::array<char, kFileStartSize> start{};
+  const auto size =
+      static_cast<std::size_t>(std::min<std::uint64_t>(source.Size(), kFileStartSize));
   *version = 0;
   if (size == 0) {
     *error = "it is empty";
@@ -93,7 +94,7 @@ bool ReadFileStart(ByteSource& source, int* version, std::string* error) {
     *error = "it is no 3dm document: it doesn't begin as one";
     return false;
   }
-  if (size < kStartSize) {
+  if (size < kFileStartSize) {
     *error = Format("it ends inside its header (offset %zu)", size);
     return false;
   }
@@ -169,11 +170,17 @@ bool ReadRecords(ON_BinaryArchive& archive, const std::function<void(const Recor
   return ended;
 }
 
-std::string TableName(std::uint32_t typecode) {
+std::optional<std::size_t> TableOrder(std::uint32_t typecode) {
   const auto found = std::find_if(kTables.begin(), kTables.end(), [typecode](const TableKind& t) {
     return t.typecode == typecode;
   });
-  if (found != kTables.end()) return found->name;
+  if (found == kTables.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - kTables.begin());
+}
+
+std::string TableName(std::uint32_t typecode) {
+  const std::optional<std::size_t> order = TableOrder(typecode);
+  if (order) return kTables[*order].name;
   return Format("table %08x", static_cast<unsigned>(typecode));
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,9 @@
 // What is around the records of a document: the start of the file, its tables, its end mark.
 
 namespace host {
+
+// How many bytes stand before the first chunk.
+inline constexpr std::size_t kFileStartSize = 32;
 
 // Reads the first bytes of a document. True when its version is one of 2 to 8, given in `version`
 // as the file spells it: 2, 3, 4, 5, 50, 60, 70, 80. Otherwise `error` says why not: "it is a
@@ -45,6 +49,9 @@ bool ReadRecords(ON_BinaryArchive& archive, const std::function<void(const Recor
 
 // A table in words: "layer table", "table 10000099".
 std::string TableName(std::uint32_t typecode);
+
+// Where tables of this kind stand among the others, counted up; nothing for an unknown one.
+std::optional<std::size_t> TableOrder(std::uint32_t typecode);
 
 // The problems of a document, a sentence each; of a very broken one only the first are kept.
 class ProblemList {

@@ -53,8 +53,13 @@ struct ONX_UnreadKind {
   int m_count = 0;
 };
 
+class DocumentSource;
+
 class ONX_Model {
  public:
+  // The file that it was read from, still open; null for a model that was read from memory or made
+  // there. The spans of the records are stretches of it.
+  std::shared_ptr<const DocumentSource> m_source;
   // 2, 3, 4, 50, 60, 70, 80.
   int m_3dm_file_version = 0;
   unsigned m_3dm_opennurbs_version = 0;

@@ -6,10 +6,10 @@
 
 #include "host/archive/chunk_scope.h"
 #include "host/archive/document_readers.h"
+#include "host/archive/document_source.h"
 #include "host/archive/file_layout.h"
 #include "host/archive/read_user_table.h"
 #include "host/archive/record_readers.h"
-#include "host/system/file.h"
 
 namespace host {
 namespace {
@@ -218,9 +218,9 @@ ON_ReadResult ReadModel(ByteSource& source, ONX_Model& model) {
 }  // namespace host
 
 ON_ReadResult ON_ReadModel(std::string_view path, ONX_Model& model) {
-  const host::FileReader file(path);
-  if (!file.IsOpen()) return {false, file.Error()};
-  ByteSource source(file);
+  model.m_source = DocumentSource::FromFile(path);
+  if (!model.m_source->IsOpen()) return {false, model.m_source->Error()};
+  ByteSource source = model.m_source->Read();
   return host::ReadModel(source, model);
 }
 

@@ -1,4 +1,5 @@
 #include "host/archive/chunk_scope.h"
+#include "host/archive/class_ids.h"
 #include "host/archive/class_wrapper.h"
 #include "host/archive/read_attributes.h"
 #include "host/archive/record_readers.h"
@@ -6,7 +7,6 @@
 namespace host {
 namespace {
 
-constexpr ON_UUID kLightClass = "85a08513-f383-11d3-bfe7-0010830122f0"_uuid;
 
 ON_LightStyle StyleFromStored(std::int32_t stored) {
   const bool known = stored >= static_cast<int>(ON_LightStyle::camera_directional) &&

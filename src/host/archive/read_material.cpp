@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "host/archive/chunk_scope.h"
+#include "host/archive/class_ids.h"
 #include "host/archive/class_wrapper.h"
 #include "host/archive/component_attributes.h"
 #include "host/archive/record_readers.h"
@@ -8,8 +9,6 @@
 namespace host {
 namespace {
 
-constexpr ON_UUID kMaterialClass = "60b5dbbc-e660-11d3-bfe4-0010830122f0"_uuid;
-constexpr ON_UUID kTextureClass = "d6ff106d-329b-4f29-97e2-fd282a618020"_uuid;
 constexpr double kMaxShine = 255;
 
 // Reads a number that is held to 0..`max`; one that is none counts as 0.

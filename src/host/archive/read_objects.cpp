@@ -2,6 +2,7 @@
 
 #include "host/archive/class_names.h"
 #include "host/archive/class_wrapper.h"
+#include "host/archive/file_layout.h"
 #include "host/archive/read_annotation.h"
 #include "host/archive/read_attributes.h"
 #include "host/archive/read_brep.h"
@@ -151,6 +152,18 @@ bool ReadObjectRecord(ON_BinaryArchive& archive, ONX_ModelObject& object, Unread
     if (typecode == TCODE_OBJECT_RECORD_END) break;
   }
   return has_class || archive.Fail("an object record without an object");
+}
+
+bool ReadObjectAttributes(ON_BinaryArchive& archive, ON_3dmObjectAttributes& attributes) {
+  return ReadChunks(archive, [&](const Record& part) {
+    bool read = true;
+    if (part.typecode == TCODE_OBJECT_RECORD_ATTRIBUTES) {
+      read = ReadAttributes(archive, attributes);
+    } else if (part.typecode == TCODE_OBJECT_RECORD_ATTRIBUTES_USERDATA) {
+      read = ReadUserData(archive, &attributes.m_user_strings);
+    }
+    return read && part.typecode != TCODE_OBJECT_RECORD_END;
+  });
 }
 
 bool ReadDocumentUserStrings(const ONX_PlugInData& table, ON_UserStringList& strings) {

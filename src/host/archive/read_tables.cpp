@@ -1,4 +1,5 @@
 #include "host/archive/chunk_scope.h"
+#include "host/archive/class_ids.h"
 #include "host/archive/class_wrapper.h"
 #include "host/archive/component_attributes.h"
 #include "host/archive/record_readers.h"
@@ -6,7 +7,6 @@
 namespace host {
 namespace {
 
-constexpr ON_UUID kLayerClass = "95809813-e985-11d3-bfe5-0010830122f0"_uuid;
 constexpr ON_UUID kGroupClass = "721d9f97-3645-44c4-8be6-b2cf697d25ce"_uuid;
 constexpr ON_UUID kLinetypeClass = "26f10a24-7d13-4f05-8fda-8e364daf8ea6"_uuid;
 constexpr ON_UUID kDefinitionClass = "26f8bff6-2618-417f-a158-153d64a94989"_uuid;

@@ -44,6 +44,10 @@ class UnreadCounter {
 [[nodiscard]] bool ReadObjectRecord(ON_BinaryArchive& archive, ONX_ModelObject& object,
                                     UnreadCounter& unread, const AnnotationStyles& styles = {});
 
+// The attributes alone, with their user strings; what stands before them is passed over.
+[[nodiscard]] bool ReadObjectAttributes(ON_BinaryArchive& archive,
+                                        ON_3dmObjectAttributes& attributes);
+
 // The plug-in id under which a document keeps its own user strings in a user table.
 inline constexpr ON_UUID kDocumentUserStringsId = "06f3218e-f5ec-4f6c-b74c-14583f0ed7bc"_uuid;
 // The document's user strings from that table's bytes. False when they are broken; `strings` then

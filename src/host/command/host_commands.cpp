@@ -8,6 +8,7 @@ HostCommands::HostCommands(CommandRegistry& registry) {
     }
   };
   add(FileCommands(registry));
+  add(SaveCommands());
   add(EditCommands());
   add(AttributeCommands());
   add(LightCommands());

@@ -49,6 +49,7 @@ class HostCommands {
 
 // The commands of each family. `registry` and `exit_requested` outlive the rows.
 std::vector<HostCommand::Row> FileCommands(CommandRegistry& registry);
+std::vector<HostCommand::Row> SaveCommands();
 std::vector<HostCommand::Row> EditCommands();
 std::vector<HostCommand::Row> AttributeCommands();
 std::vector<HostCommand::Row> LightCommands();

@@ -5,6 +5,7 @@
 #include "host/archive/binary_archive.h"
 #include "host/archive/model_reader.h"
 #include "host/document/read_report.h"
+#include "host/document/save_document.h"
 
 namespace {
 
@@ -48,6 +49,7 @@ bool CRhinoApp::OpenDocument(std::string_view path) {
   if (!ReadFile(path, model)) return false;
   doc_.SetModel(std::move(model), std::string(path));
   ReadPlugInData(plugin_data_, doc_.PlugInData(), {});
+  for (PlugInEntry& entry : plugin_data_) KeepContent(entry);
   return true;
 }
 
@@ -66,13 +68,51 @@ bool CRhinoApp::ImportDocument(std::string_view path) {
   return true;
 }
 
-void CRhinoApp::ReadPlugInData(std::span<CRhinoPlugInDocumentData* const> plug_ins,
+bool CRhinoApp::SaveDocument(std::string_view path) {
+  std::vector<PlugInContent> changed;
+  const auto refuse = [&](const std::string& why) {
+    Print("Unable to save " + std::string(path) + ": " + why + ".\n");
+    return false;
+  };
+  for (const PlugInEntry& entry : plugin_data_) {
+    std::optional<std::string> bytes;
+    const ON_UUID id = entry.plug_in->PlugInID();
+    if (!WrittenBy(*entry.plug_in, &bytes)) {
+      return refuse("the data of plug-in " + PlugInName(doc_, id) + " can't be written");
+    }
+    if (entry.content != bytes) changed.push_back({id, std::move(bytes)});
+  }
+  DocumentSaver saver(doc_, std::move(changed));
+  const SaveResult result = saver.Save(path);
+  if (!result.ok) return refuse(result.error);
+  for (const std::string& loss : result.losses) Print(loss + "\n");
+  for (PlugInEntry& entry : plugin_data_) KeepContent(entry);
+  return true;
+}
+
+bool CRhinoApp::WrittenBy(CRhinoPlugInDocumentData& plug_in, std::optional<std::string>* bytes) {
+  bytes->reset();
+  const CRhinoFileWriteOptions wholeFile;
+  if (!plug_in.CallWriteDocument(wholeFile)) return true;
+  ON_BinaryArchive archive = DocumentSaver::ArchiveFor(doc_);
+  if (!plug_in.WriteDocument(doc_, archive, wholeFile)) return false;
+  *bytes = archive.TakeBytes();
+  return true;
+}
+
+void CRhinoApp::KeepContent(PlugInEntry& entry) {
+  std::optional<std::string> bytes;
+  const bool isKept = doc_.Source() != nullptr && WrittenBy(*entry.plug_in, &bytes);
+  entry.content = isKept ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+void CRhinoApp::ReadPlugInData(std::span<const PlugInEntry> plug_ins,
                                const std::vector<ONX_PlugInData>& data,
                                const CRhinoFileReadOptions& options) {
   for (const ONX_PlugInData& record : data) {
-    for (CRhinoPlugInDocumentData* plugIn : plug_ins) {
-      if (plugIn->PlugInID() != record.m_plugin_id) continue;
-      if (!ReadDocumentData(*plugIn, doc_, record, options)) {
+    for (const PlugInEntry& entry : plug_ins) {
+      if (entry.plug_in->PlugInID() != record.m_plugin_id) continue;
+      if (!ReadDocumentData(*entry.plug_in, doc_, record, options)) {
         Print("The document data of plug-in " + PlugInName(doc_, record.m_plugin_id) +
               " could not be read.\n");
       }
@@ -81,12 +121,14 @@ void CRhinoApp::ReadPlugInData(std::span<CRhinoPlugInDocumentData* const> plug_i
 }
 
 void CRhinoApp::AddPlugInData(CRhinoPlugInDocumentData& plug_in) {
-  plugin_data_.push_back(&plug_in);
+  plugin_data_.push_back({&plug_in, std::nullopt});
   ReadPlugInData(std::span(plugin_data_).last(1), doc_.PlugInData(), {});
+  KeepContent(plugin_data_.back());
 }
 
 void CRhinoApp::RemovePlugInData(CRhinoPlugInDocumentData& plug_in) {
-  std::erase(plugin_data_, &plug_in);
+  std::erase_if(plugin_data_,
+                [&plug_in](const PlugInEntry& entry) { return entry.plug_in == &plug_in; });
 }
 
 CRhinoApp& RhinoApp() {

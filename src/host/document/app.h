@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -57,6 +58,11 @@ class CRhinoApp {
   // Merges a document into the open one; otherwise as OpenDocument.
   [[nodiscard]] bool ImportDocument(std::string_view path);
 
+  // Saves the document in place of the file at `path`, which is then its own. False, with a message
+  // in the command window and the file as it was, when that can't be done. What a document of its
+  // version can't hold is told there too.
+  [[nodiscard]] bool SaveDocument(std::string_view path);
+
   // The plug-ins whose document data is read and written. Not owned. A plug-in that is added reads
   // its data of the open document at once, so it is added when it is ready for that.
   void AddPlugInData(CRhinoPlugInDocumentData& plug_in);
@@ -66,8 +72,14 @@ class CRhinoApp {
   unsigned NewRuntimeSerialNumber() { return ++last_serial_number_; }
 
  private:
+  struct PlugInEntry {
+    CRhinoPlugInDocumentData* plug_in = nullptr;
+    // What it would have written right after the document was opened or saved: as long as it
+    // writes the same, the document's data stays. Nothing for a new document.
+    std::optional<std::optional<std::string>> content;
+  };
   [[nodiscard]] bool ReadFile(std::string_view path, ONX_Model& model);
-  void ReadPlugInData(std::span<CRhinoPlugInDocumentData* const> plug_ins,
+  void ReadPlugInData(std::span<const PlugInEntry> plug_ins,
                       const std::vector<ONX_PlugInData>& data,
                       const CRhinoFileReadOptions& options);
 
@@ -80,7 +92,13 @@ class CRhinoApp {
   CRhinoDoc doc_;
   host::CommandWindow window_;
   host::Profile profile_;
-  std::vector<CRhinoPlugInDocumentData*> plugin_data_;
+  // False when the plug-in fails to write what it has.
+  [[nodiscard]] bool WrittenBy(CRhinoPlugInDocumentData& plug_in,
+                               std::optional<std::string>* bytes);
+  // After the document was opened or saved.
+  void KeepContent(PlugInEntry& entry);
+
+  std::vector<PlugInEntry> plugin_data_;
 };
 
 // The one application.

@@ -36,7 +36,9 @@ CRhinoDoc::~CRhinoDoc() = default;
 
 void CRhinoDoc::SetModel(ONX_Model model, std::string path) {
   path_ = std::move(path);
+  source_ = std::move(model.m_source);
   file_version_ = model.m_3dm_file_version;
+  library_version_ = model.m_3dm_opennurbs_version;
   file_properties_ = std::move(model.m_properties);
   properties_.settings_ = std::move(model.m_settings);
   undo_.Clear();
@@ -59,6 +61,12 @@ void CRhinoDoc::SetModel(ONX_Model model, std::string path) {
   AddObjects(std::move(model.m_object_table), std::move(model.m_light_table));
   MarkDefinitionMembers();
   MakeViews(properties_.settings_);
+  source_counts_ = source_ != nullptr ? TableCounts() : SourceCounts();
+}
+
+CRhinoDoc::SourceCounts CRhinoDoc::TableCounts() const {
+  return {m_material_table.Count(), m_layer_table.Count(),    m_linetype_table.Count(),
+          m_group_table.Count(),    m_dimstyle_table.Count(), m_instance_definition_table.Count()};
 }
 
 IdMap<ON_UUID> CRhinoDoc::AddObjects(std::vector<ONX_ModelObject> objects,

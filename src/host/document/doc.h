@@ -53,7 +53,11 @@ class CRhinoDoc {
 
   // The file that the document was opened from; empty for a new one.
   const std::string& PathName() const { return path_; }
+  // The file itself, as it was then; null for a new document.
+  const std::shared_ptr<const DocumentSource>& Source() const { return source_; }
+  // 2, 3, 4, 50, 60, 70, 80; 0 for a new document. The number of the library that wrote it.
   int FileVersion() const { return file_version_; }
+  unsigned LibraryVersion() const { return library_version_; }
 
   const CRhinoDocProperties& Properties() const { return properties_; }
   ON_UnitSystem ModelUnits() const { return properties_.ModelUnitsAndTolerances().m_unit_system; }
@@ -128,6 +132,7 @@ class CRhinoDoc {
   friend class CRhinoMaterialTable;
   friend class CRhinoObject;
   friend class DocStates;
+  friend class DocumentSaver;
   using ObjectList = std::vector<std::unique_ptr<CRhinoObject>>;
 
   // Appends the objects. The result has the new id of each object whose stored one was taken.
@@ -150,8 +155,23 @@ class CRhinoDoc {
   // After layers or their places have changed.
   void DeselectUnselectable();
 
+  // How many records of each table stand in the file that the document was opened from.
+  struct SourceCounts {
+    int materials = 0;
+    int layers = 0;
+    int linetypes = 0;
+    int groups = 0;
+    int dimstyles = 0;
+    int definitions = 0;
+  };
+  SourceCounts TableCounts() const;
+
   std::string path_;
+  // The file that it was opened from or saved to last; null for a new document.
+  std::shared_ptr<const DocumentSource> source_;
+  SourceCounts source_counts_;
   int file_version_ = 0;
+  unsigned library_version_ = 0;
   ON_3dmProperties file_properties_;
   CRhinoDocProperties properties_;
   ObjectList objects_;

@@ -66,6 +66,7 @@ CRhinoTableEvent DocStates::Exchange(AttributesState& state) {
     CRhinoObject* object = found->second;
     const bool wasVisible = object->IsVisible();
     std::swap(object->attributes_, state.attributes);
+    object->edited_ = true;
     if (object->IsVisible() != wasVisible || object->IsInstanceDefinitionGeometry()) {
       doc_.ForgetWhatIsShown();
     }

@@ -71,6 +71,7 @@ class CRhinoObject {
   friend class CRhinoDoc;
   friend class CRhinoLightTable;
   friend class DocStates;
+  friend class DocumentSaver;
 
   // A selected object is visible and not locked.
   void DeselectUnlessSelectable();
@@ -82,6 +83,8 @@ class CRhinoObject {
   ON_UUID class_id_;
   ON_ObjectType stored_type_;
   ON_FileSpan span_;
+  // Its attributes may be others than in that file.
+  bool edited_ = false;
   // Set by the document for the objects that its block definitions list.
   bool listed_in_definition_ = false;
   bool deleted_ = false;

@@ -48,6 +48,44 @@ int WriteAll(int fd, std::string_view bytes) {
   return 0;
 }
 
+// Copies a stretch through memory; the error number, 0 for none.
+int CopyThroughMemory(int to, int from, std::uint64_t offset, std::uint64_t length) {
+  constexpr std::uint64_t kBlock = std::uint64_t{1} << 20;
+  std::string block(static_cast<std::size_t>(std::min(length, kBlock)), '\0');
+  while (length > 0) {
+    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(length, block.size()));
+    const ssize_t count = pread(from, block.data(), wanted, static_cast<off_t>(offset));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return count < 0 ? errno : EIO;
+    const auto read = static_cast<std::size_t>(count);
+    if (const int error = WriteAll(to, std::string_view(block).substr(0, read))) return error;
+    offset += read;
+    length -= read;
+  }
+  return 0;
+}
+
+// Copies a stretch of a file; the error number, 0 for none. A file that ends before is an error.
+int CopyStretch(int to, int from, std::uint64_t offset, std::uint64_t length) {
+  // So that Ctrl-C is seen in between.
+  constexpr std::uint64_t kStep = std::uint64_t{16} << 20;
+  while (length > 0) {
+    auto start = static_cast<off_t>(offset);
+    const auto step = static_cast<std::size_t>(std::min(length, kStep));
+    const ssize_t count = copy_file_range(from, &start, to, nullptr, step, 0);
+    if (InterruptRequested()) return EINTR;
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0 &&
+        (errno == EXDEV || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP)) {
+      return CopyThroughMemory(to, from, offset, length);
+    }
+    if (count <= 0) return count < 0 ? errno : EIO;
+    offset += static_cast<std::uint64_t>(count);
+    length -= static_cast<std::uint64_t>(count);
+  }
+  return 0;
+}
+
 // Closes; the error number, 0 for none. An interrupted close has closed the file all the same.
 int CloseFile(int fd) {
   return close(fd) == 0 || errno == EINTR ? 0 : errno;
@@ -89,13 +127,10 @@ void FlushFolder(const std::string& folder) {
   CloseFile(fd);
 }
 
-// Writes and closes the new file; the error number, 0 for none.
-int FillNewFile(int fd, std::string_view bytes, std::optional<mode_t> permissions) {
-  int error = WriteAll(fd, bytes);
-  if (error == 0 && permissions && fchmod(fd, *permissions) != 0) error = errno;
-  if (error == 0 && fsync(fd) != 0) error = errno;
-  const int closeError = CloseFile(fd);
-  return error != 0 ? error : closeError;
+std::int64_t Nanoseconds(const timespec& time) {
+  constexpr std::int64_t kSecond = 1'000'000'000;
+  constexpr std::int64_t kLast = std::numeric_limits<std::int64_t>::max() / kSecond - 1;
+  return std::clamp<std::int64_t>(time.tv_sec, -kLast, kLast) * kSecond + time.tv_nsec;
 }
 
 // Where a symbolic link leads, so that the file there is replaced and the link stays.
@@ -128,10 +163,7 @@ bool FolderExists(std::string_view path) {
 std::optional<std::int64_t> ModificationTime(std::string_view path) {
   struct stat status = {};
   if (stat(SystemPath(path).c_str(), &status) != 0) return std::nullopt;
-  constexpr std::int64_t kSecond = 1'000'000'000;
-  constexpr std::int64_t kLast = std::numeric_limits<std::int64_t>::max() / kSecond - 1;
-  const std::int64_t seconds = std::clamp<std::int64_t>(status.st_mtim.tv_sec, -kLast, kLast);
-  return seconds * kSecond + status.st_mtim.tv_nsec;
+  return Nanoseconds(status.st_mtim);
 }
 
 std::string LastSystemError() {
@@ -169,6 +201,7 @@ FileReader::FileReader(std::string_view path)
     errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
   } else {
     size_ = static_cast<std::uint64_t>(status.st_size);
+    modification_time_ = Nanoseconds(status.st_mtim);
   }
   if (!error_.empty() && fd_ >= 0) {
     const int error = errno;
@@ -195,6 +228,19 @@ std::size_t FileReader::ReadAt(std::uint64_t offset, std::span<std::byte> out) c
   return done;
 }
 
+bool FileReader::IsUnchanged() const {
+  struct stat status = {};
+  return fstat(fd_, &status) == 0 && static_cast<std::uint64_t>(status.st_size) == size_ &&
+         Nanoseconds(status.st_mtim) == modification_time_;
+}
+
+bool FileReader::IsAt(std::string_view path) const {
+  struct stat mine = {};
+  struct stat there = {};
+  return fstat(fd_, &mine) == 0 && stat(SystemPath(path).c_str(), &there) == 0 &&
+         mine.st_dev == there.st_dev && mine.st_ino == there.st_ino;
+}
+
 std::optional<std::string> ReadWholeFile(std::string_view path, std::uint64_t limit) {
   const FileReader file(path);
   if (!file.IsOpen()) return std::nullopt;
@@ -208,27 +254,58 @@ std::optional<std::string> ReadWholeFile(std::string_view path, std::uint64_t li
   return content;
 }
 
-bool ReplaceFile(std::string_view path, std::string_view bytes) {
-  const std::string target = WithoutLinks(SystemPath(path));
-  if (target.empty()) return Fail(ENOENT);
-  std::optional<mode_t> permissions;
+FileReplacement::FileReplacement(std::string_view path) : target_(WithoutLinks(SystemPath(path))) {
   struct stat old = {};
-  if (stat(target.c_str(), &old) == 0) {
-    if (!S_ISREG(old.st_mode)) return Fail(S_ISDIR(old.st_mode) ? EISDIR : EINVAL);
-    if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) return false;
-    permissions = old.st_mode & kPermissionBits;
+  if (target_.empty()) {
+    error_ = ENOENT;
+  } else if (stat(target_.c_str(), &old) == 0) {
+    if (!S_ISREG(old.st_mode)) {
+      error_ = S_ISDIR(old.st_mode) ? EISDIR : EINVAL;
+    } else if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) {
+      error_ = errno;
+    }
+    permissions_ = old.st_mode & kPermissionBits;
   }
-  std::string newName;
-  const int fd = CreateUnusedFile(FolderOf(target), newName);
-  if (fd < 0) return false;
-  int error = FillNewFile(fd, bytes, permissions);
-  if (error == 0 && rename(newName.c_str(), target.c_str()) != 0) error = errno;
-  if (error != 0) {
-    unlink(newName.c_str());
-    return Fail(error);
+  if (error_ == 0) {
+    fd_ = CreateUnusedFile(FolderOf(target_), new_name_);
+    if (fd_ < 0) error_ = errno;
   }
-  FlushFolder(FolderOf(target));
+  errno = error_;
+}
+
+FileReplacement::~FileReplacement() {
+  if (fd_ < 0) return;
+  CloseFile(fd_);
+  unlink(new_name_.c_str());
+}
+
+void FileReplacement::Write(std::string_view bytes) {
+  if (error_ == 0) error_ = WriteAll(fd_, bytes);
+}
+
+void FileReplacement::Copy(const FileReader& file, std::uint64_t offset, std::uint64_t length) {
+  if (error_ == 0) error_ = CopyStretch(fd_, file.fd_, offset, length);
+}
+
+bool FileReplacement::Commit() {
+  if (error_ == 0 && permissions_ && fchmod(fd_, *permissions_) != 0) error_ = errno;
+  if (error_ == 0 && fsync(fd_) != 0) error_ = errno;
+  if (fd_ >= 0) {
+    const int closeError = CloseFile(fd_);
+    fd_ = -1;
+    if (error_ == 0) error_ = closeError;
+    if (error_ == 0 && rename(new_name_.c_str(), target_.c_str()) != 0) error_ = errno;
+    if (error_ != 0) unlink(new_name_.c_str());
+  }
+  if (error_ != 0) return Fail(error_);
+  FlushFolder(FolderOf(target_));
   return true;
+}
+
+bool ReplaceFile(std::string_view path, std::string_view bytes) {
+  FileReplacement file(path);
+  file.Write(bytes);
+  return file.Commit();
 }
 
 bool DeleteFile(std::string_view path) {

@@ -64,10 +64,17 @@ class FileReader {
   // Reads up to out.size() bytes at `offset`; the count read, less only at the end of the file or
   // on a failure.
   [[nodiscard]] std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> out) const;
+  // True as long as nobody has written to the file since it was opened.
+  [[nodiscard]] bool IsUnchanged() const;
+  // True when `path` names this very file, not another one of that name.
+  [[nodiscard]] bool IsAt(std::string_view path) const;
 
  private:
+  friend class FileReplacement;
+
   int fd_ = -1;
   std::uint64_t size_ = 0;
+  std::int64_t modification_time_ = 0;
   std::string error_;
 };
 
@@ -76,9 +83,34 @@ std::optional<std::string> ReadWholeFile(std::string_view path,
                                          std::uint64_t limit = std::uint64_t{1} << 30);
 
 // Writes a file so that a crash at any moment leaves either the old or the new one whole: into a
-// new file beside it, flushed to the disk, then renamed over it. The permissions of the old file
-// stay, and a symbolic link is followed. False on failure (LastSystemError tells why), and then the
-// old file is as it was. Replaces only regular files that could be opened for writing.
+// new file beside it, which Commit flushes to the disk and renames over it. The permissions of the
+// old file stay, and a symbolic link is followed. Replaces only regular files that may be written.
+class FileReplacement {
+ public:
+  // Check IsOpen.
+  explicit FileReplacement(std::string_view path);
+  // Without a Commit that succeeded, the old file is as it was, and the new one is removed.
+  ~FileReplacement();
+  FileReplacement(const FileReplacement&) = delete;
+  FileReplacement& operator=(const FileReplacement&) = delete;
+
+  [[nodiscard]] bool IsOpen() const { return fd_ >= 0; }
+  // True when the opening or any write so far has failed; what is written after it is lost.
+  [[nodiscard]] bool HasError() const { return error_ != 0; }
+  void Write(std::string_view bytes);
+  // Copies a stretch of another file, where the system can without reading it.
+  void Copy(const FileReader& file, std::uint64_t offset, std::uint64_t length);
+  [[nodiscard]] bool Commit();
+
+ private:
+  std::string target_;
+  std::string new_name_;
+  std::optional<unsigned> permissions_;
+  int fd_ = -1;
+  int error_ = 0;
+};
+
+// FileReplacement of the whole content. False on failure (LastSystemError tells why).
 [[nodiscard]] bool ReplaceFile(std::string_view path, std::string_view bytes);
 
 // Removes a file; false when it could not be removed.

@@ -7,7 +7,7 @@
 
 // How the parts of a document are put together out of chunks.
 
-namespace model_writer {
+namespace host {
 
 // A chunk that is open while this lives. A chunk that could not be written makes the archive fail;
 // the end mark of the document tells.
@@ -43,4 +43,4 @@ void WriteArray(ON_BinaryArchive& archive, const Elements& elements) {
   archive.WriteByte(std::as_bytes(std::span(elements)));
 }
 
-}  // namespace model_writer
+}  // namespace host

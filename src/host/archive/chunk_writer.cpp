@@ -1,8 +1,9 @@
-#include "support/chunk_writer.h"
+#include "host/archive/chunk_writer.h"
 
+#include "host/archive/class_wrapper.h"
 #include "host/archive/typecodes.h"
 
-namespace model_writer {
+namespace host {
 
 ChunkWriter::ChunkWriter(ON_BinaryArchive& archive, std::uint32_t typecode) : archive_(archive) {
   static_cast<void>(archive_.BeginWrite3dmChunk(typecode));
@@ -39,22 +40,22 @@ void WriteClass(ON_BinaryArchive& archive, const ON_UUID& class_id,
 }
 
 void WriteUserStrings(ON_BinaryArchive& archive, const ON_UserStringList& strings) {
-  constexpr ON_UUID kUserStringsId = "ce28de29-f4c5-4faa-a50a-c3a6849b6329"_uuid;
   constexpr ON_UUID kApplicationId = "17b3ecda-17ba-4e45-9e67-a2b8d9be520d"_uuid;
   if (strings.IsEmpty()) return;
-  const bool wide = archive.Archive3dmVersion() >= 50;
+  const int version = archive.Archive3dmVersion();
+  const int minor = version < 4 ? 0 : version < 50 ? 1 : 2;
   const ChunkWriter item(archive, TCODE_OPENNURBS_CLASS_USERDATA);
-  archive.Write3dmChunkVersion(2, wide ? 2 : 1);
+  archive.Write3dmChunkVersion(2, minor);
   {
     const ChunkWriter header(archive, TCODE_OPENNURBS_CLASS_USERDATA_HEADER);
-    archive.WriteUuid(kUserStringsId);
-    archive.WriteUuid(kUserStringsId);
+    archive.WriteUuid(kUserStringListId);
+    archive.WriteUuid(kUserStringListId);
     archive.WriteInt(1);  // number of copies made
     archive.WriteXform(ON_Xform());
-    archive.WriteUuid(kApplicationId);
-    if (wide) {
+    if (minor >= 1) archive.WriteUuid(kApplicationId);
+    if (minor >= 2) {
       archive.WriteBool(false);
-      archive.WriteInt(archive.Archive3dmVersion());
+      archive.WriteInt(version);
       archive.WriteInt(static_cast<std::int32_t>(archive.ArchiveOpenNURBSVersion()));
     }
   }
@@ -62,4 +63,4 @@ void WriteUserStrings(ON_BinaryArchive& archive, const ON_UserStringList& string
   static_cast<void>(ON_WriteUserStringList(archive, strings));
 }
 
-}  // namespace model_writer
+}  // namespace host
