@@ -4,6 +4,7 @@
 #include <thread>
 #include <utility>
 
+#include "host/system/command_line.h"
 #include "host/system/interrupt.h"
 #include "host/system/process.h"
 #include "host/system/text.h"
