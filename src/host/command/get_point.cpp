@@ -121,3 +121,16 @@ std::optional<CRhinoGet::Result> CRhinoGetPoint::TakePointOnBrep(std::string_vie
   point_ = on_brep_->at.point;
   return Result::point;
 }
+
+CommandResult AskForPoint(CRhinoCommandContext& context, std::string_view prompt,
+                          ON_3dPoint& point) {
+  CRhinoGetPoint get(context);
+  get.SetCommandPrompt(prompt);
+  if (get.GetPoint() != CRhinoGet::Result::point) return get.CommandResult();
+  point = get.Point();
+  return CommandResult::success;
+}
+
+std::string PointText(ON_3dPoint point) {
+  return host::FormatG(point.x) + "," + host::FormatG(point.y) + "," + host::FormatG(point.z);
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "host/command/getter.h"
@@ -39,6 +40,13 @@ class CRhinoGetPoint : public CRhinoGet {
   const ON_Brep* brep_ = nullptr;
   std::optional<ON_BrepPoint> on_brep_;
 };
+
+// Asks for a point in world coordinates. Success, or what the command gives back.
+CommandResult AskForPoint(CRhinoCommandContext& context, std::string_view prompt,
+                          ON_3dPoint& point);
+
+// "x,y,z", as it is typed.
+std::string PointText(ON_3dPoint point);
 
 // Reads 2 or 3 finite numbers that commas separate; nothing for any other text.
 std::optional<ON_3dPoint> ParsePoint(std::string_view text);

@@ -12,8 +12,10 @@ HostCommands::HostCommands(CommandRegistry& registry) {
   add(EditCommands());
   add(AttributeCommands());
   add(LightCommands());
+  add(LightEditCommands());
   add(SelectionCommands());
   add(ViewCommands());
+  add(CameraCommands());
   add(ReportCommands());
   add(ProgramCommands(registry, exit_requested_));
 }

@@ -109,10 +109,8 @@ CommandResult AskForPoints(CRhinoCommandContext& context, const LightKind& kind,
     if (prompt.empty()) break;
     points.emplace_back();
     for (std::string_view problem = "unknown"; !problem.empty();) {
-      CRhinoGetPoint get(context);
-      get.SetCommandPrompt(prompt);
-      if (get.GetPoint() != CRhinoGet::Result::point) return get.CommandResult();
-      points.back() = get.Point();
+      const CommandResult asked = AskForPoint(context, prompt, points.back());
+      if (asked != CommandResult::success) return asked;
       problem = ProblemOf(points);
       if (!problem.empty() && !context.m_input.Refuse(problem)) return CommandResult::failure;
     }

@@ -21,6 +21,14 @@ class CRhinoViewport {
   // Takes the camera, target and projection of a named view; name, id and size stay. What the named
   // view shows is seen whole, whatever the shape of this one.
   void SetFromNamedView(const ON_3dmView& named_view);
+  // Looks from `location` to `target`; what is up stays so, as far as it can. False, and nothing
+  // changed, when the two are the same or no points.
+  [[nodiscard]] bool SetCamera(ON_3dPoint location, ON_3dPoint target);
+  // The lens of a perspective view as the length in millimetres that a 35 mm camera would have.
+  // False for a parallel view and a length that isn't positive.
+  [[nodiscard]] bool SetCamera35mmLensLength(double length);
+  // Shows the target in the same size as before.
+  void SetProjection(ON_Viewport::View projection);
   // Moves the near and far planes of a perspective view apart so that `box` lies between them, as
   // far as it stands before the camera. What the view shows stays in its place.
   void IncludeInDepth(const ON_BoundingBox& box);
