@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "host/document/doc.h"
 #include "host/geometry/on_nurbs_curve.h"
 #include "jobs/animation_frames.h"
 #include "jobs/frame_camera.h"
