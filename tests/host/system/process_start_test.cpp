@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <signal.h>
 #include <sys/wait.h>
@@ -69,6 +70,47 @@ TEST_F(ProcessTest, AStartedProgramStandsApart) {
     EXPECT_THAT(run.descriptors, ElementsAre(0, 1, 2));
     EXPECT_THAT(run.ignored_signals, IsEmpty());
   }
+}
+
+// Runs `act` in a process of its own whose output goes to `stream`, and waits for its end.
+void RunWithOutput(int stream, const std::function<bool()>& act) {
+  const pid_t starter = fork();
+  if (starter == 0) {
+    for (const int output : {STDOUT_FILENO, STDERR_FILENO}) dup2(stream, output);
+    _exit(act() ? 0 : 1);
+  }
+  EXPECT_EQ(WaitForChild(starter), 0);
+}
+
+TEST_F(ProcessTest, AStartedProgramOutlivesItsStarterAndKeepsNoPipeOpen) {
+  const ToolBench bench("hang");
+  int ends[2] = {-1, -1};
+  ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+  RunWithOutput(ends[1], [] { return host::StartProcess({{"orv.exe"}, "", false}); });
+  close(ends[1]);
+  const auto runs = bench.WaitForRuns(1);
+  ASSERT_EQ(runs.size(), 1U);
+  char letter = 0;
+  EXPECT_EQ(read(ends[0], &letter, 1), 0) << "the pipe ends with the starter";
+  close(ends[0]);
+  EXPECT_EQ(kill(runs[0].process, 0), 0) << "it has ended with its starter";
+  EXPECT_THAT(runs[0].streams, ElementsAre("/dev/null", "/dev/null", "/dev/null"));
+  kill(runs[0].process, SIGKILL);
+}
+
+TEST_F(ProcessTest, WhatAStartedProgramPrintsIsShownUnlessItIsHidden) {
+  const ToolBench bench("print");
+  const std::string shown = folder_.File("shown");
+  const std::string hidden = folder_.File("hidden");
+  for (const std::string& file : {hidden, shown}) {
+    const int fd = open(file.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    RunWithOutput(fd, [&] { return host::StartProcess({{"orv"}, "", file == hidden}); });
+    close(fd);
+  }
+  EXPECT_TRUE(BecomesTrue([&] { return FileContent(shown) == "orv complains\norv prints\n"; }))
+      << FileContent(shown);
+  EXPECT_EQ(bench.WaitForRuns(2).size(), 2U);
+  EXPECT_EQ(FileContent(hidden), "");
 }
 
 TEST_F(ProcessTest, ManyThatEndLeaveNothingBehind) {
