@@ -8,6 +8,7 @@
 #include <iterator>
 #include <thread>
 
+#include "host/document/app.h"
 #include "host/geometry/on_annotation.h"
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_point_cloud.h"
