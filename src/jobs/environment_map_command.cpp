@@ -1,5 +1,7 @@
 #include "jobs/environment_map_command.h"
 
+#include "interactive/background_updates.h"
+
 namespace orv {
 
 CCommandOrvEnvironmentMap::CCommandOrvEnvironmentMap(CSceneOutPlugIn& plugIn)
@@ -25,6 +27,13 @@ CommandResult CCommandOrvEnvironmentMap::RunCommand(CRhinoCommandContext& contex
   settings.ReflectionBgMap = map;
   settings.ImageBgMap = map;
   PlugIn().StoreSettings(settings);
+  // The ambient light goes by the mode of the background here: it follows in a scene with ambient
+  // light whose background is a map.
+  InteractiveRender& live = PlugIn().Live();
+  live.SendAmbient({settings.GiBgMode, settings.GiBgColorIntensity, settings.GiBgColor,
+                    settings.GiBgMapIntensity, settings.GiBgBlur, settings.GiBgMap});
+  live.SendImager(ImagerUpdateOf(settings));
+  live.SendReflection(ReflectionUpdateOf(settings));
   return CommandResult::success;
 }
 

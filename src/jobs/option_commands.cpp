@@ -1,5 +1,6 @@
 #include "jobs/option_commands.h"
 
+#include "interactive/background_updates.h"
 #include "jobs/edit_options.h"
 #include "jobs/environment_map_command.h"
 
@@ -89,7 +90,10 @@ constexpr OptionTable kGiOptions = {"Orv Global Illumination Options", kGiRows, 
 CommandResult COrvOptionsCommand::RunCommand(CRhinoCommandContext& context) {
   RenderSettings settings = PlugIn().LoadSettings();
   const CommandResult result = EditOptionTable({context, PlugIn(), settings}, table_);
-  if (result == CommandResult::success) PlugIn().StoreSettings(settings);
+  if (result == CommandResult::success) {
+    PlugIn().StoreSettings(settings);
+    SendToLiveRender(settings);
+  }
   return result;
 }
 
@@ -120,6 +124,10 @@ CCommandOrvTrace::CCommandOrvTrace(CSceneOutPlugIn& plugIn)
           "variable.\n",
           kTraceOptions) {}
 
+void CCommandOrvTrace::SendToLiveRender(const RenderSettings& settings) const {
+  PlugIn().Live().SendReflection(ReflectionUpdateOf(settings));
+}
+
 CCommandOrvOutline::CCommandOrvOutline(CSceneOutPlugIn& plugIn)
     : COrvOptionsCommand(
           plugIn, "a9828a8d-daab-49e0-bbcf-f30fcbc21e1e"_uuid, "OrvOutline",
@@ -138,5 +146,9 @@ CCommandOrvGI::CCommandOrvGI(CSceneOutPlugIn& plugIn)
           "BgMode=Map.\n"
           "CacheFile and BgMap are files; $ORVHOME at their start is that environment variable.\n",
           kGiOptions) {}
+
+void CCommandOrvGI::SendToLiveRender(const RenderSettings& settings) const {
+  PlugIn().Live().SendAmbient(AmbientUpdateOf(settings));
+}
 
 }  // namespace orv

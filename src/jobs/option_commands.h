@@ -23,6 +23,11 @@ class COrvOptionsCommand : public COrvCommand {
       : COrvCommand(plugIn, id, name, description, usage), table_(table) {}
 
  private:
+  // Lets a running interactive render show what was stored.
+  virtual void SendToLiveRender(const RenderSettings& settings) const {
+    static_cast<void>(settings);
+  }
+
   const OptionTable& table_;
 };
 
@@ -36,6 +41,9 @@ class CCommandOrvOptions : public COrvOptionsCommand {
 class CCommandOrvTrace : public COrvOptionsCommand {
  public:
   explicit CCommandOrvTrace(CSceneOutPlugIn& plugIn);
+
+ private:
+  void SendToLiveRender(const RenderSettings& settings) const override;
 };
 
 // OrvOutline: the ink lines.
@@ -48,6 +56,9 @@ class CCommandOrvOutline : public COrvOptionsCommand {
 class CCommandOrvGI : public COrvOptionsCommand {
  public:
   explicit CCommandOrvGI(CSceneOutPlugIn& plugIn);
+
+ private:
+  void SendToLiveRender(const RenderSettings& settings) const override;
 };
 
 }  // namespace orv

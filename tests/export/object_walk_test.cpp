@@ -8,6 +8,7 @@
 #include <iterator>
 #include <thread>
 
+#include "host/document/app.h"
 #include "host/geometry/on_annotation.h"
 #include "host/geometry/on_line_curve.h"
 #include "host/geometry/on_point_cloud.h"
@@ -266,6 +267,23 @@ TEST_F(ObjectWalkTest, CancellingDuringTheLastObjectCounts) {
   EXPECT_FALSE(writer.HasError());
   EXPECT_TRUE(writer.Close());
   reader.join();
+}
+
+TEST_F(ObjectWalkTest, TellsHowFarItIs) {
+  std::vector<std::string> told;
+  RhinoApp().CommandWindow().SetProgressSink([&told](const host::Progress* progress) {
+    told.push_back(progress == nullptr
+                       ? "end"
+                       : std::string(progress->Task) + " " + std::to_string(progress->Done) + "/" +
+                             std::to_string(progress->Total) + " " +
+                             std::to_string(progress->Bytes));
+  });
+  model_.m_object_table = {ObjectOf(SquareMesh()), HiddenObjectOf(SquareMesh()),
+                           ObjectOf(SquareMesh())};
+  const std::string rib = Walk();
+  RhinoApp().CommandWindow().SetProgressSink({});
+  EXPECT_THAT(told, testing::ElementsAre("Writing 0/2 0",
+                                         "Writing 1/2 " + std::to_string(rib.size() / 2), "end"));
 }
 
 }  // namespace

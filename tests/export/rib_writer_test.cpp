@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <limits>
 #include <random>
 #include <string>
@@ -27,6 +28,22 @@ TEST(RibWriter, StartsWithEverythingAtZero) {
   EXPECT_EQ(writer.Reparameterize, 0);
   EXPECT_EQ(writer.PointSetCount, 0);
   EXPECT_EQ(writer.Gamma, 0);
+}
+
+TEST(RibWriter, KnowsTheSizeOfItsCompleteLines) {
+  const TempFolder folder;
+  RibWriter writer(folder.File("scene.rib"));
+  EXPECT_EQ(writer.Size(), 0u);
+  RibPrintf(writer, "Sides 1\nSides ");
+  EXPECT_EQ(writer.Size(), 0u);
+  RibPrintf(writer, "2\n");
+  EXPECT_EQ(writer.Size(), 16u);
+  // More than what the writer holds back.
+  const std::string line = Repeated('x', 1999) + "\n";
+  for (int i = 0; i < 2000; ++i) RibPrintf(writer, "%s", line.c_str());
+  EXPECT_EQ(writer.Size(), 4000016u);
+  EXPECT_TRUE(writer.Close());
+  EXPECT_EQ(std::filesystem::file_size(folder.File("scene.rib")), 4000016u);
 }
 
 TEST(RibWriter, BuildsAStatementFromSeveralCalls) {

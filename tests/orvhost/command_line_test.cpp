@@ -105,8 +105,8 @@ TEST_F(CommandLineTest, UnknownCommandStopsEverything) {
 
 TEST_F(CommandLineTest, AmbiguousAndUnknownOptionsTellTheCandidates) {
   EXPECT_EQ(Run({"-c", "Sel"}).err,
-            "orvhost: -c, line 1: Command 'Sel' is ambiguous: SelAll, SelLayer, SelName, SelNone "
-            "or SelType.\n");
+            "orvhost: -c, line 1: Command 'Sel' is ambiguous: SelAll, SelId, SelLayer, "
+            "SelMaterial, SelName, SelNone or SelType.\n");
   const ProcessResult result = Run({"-c", "SelType Mash"});
   EXPECT_EQ(result.status, 3);
   EXPECT_THAT(result.err, StartsWith("orvhost: -c, line 1: Unknown option 'Mash'; expected Point"));

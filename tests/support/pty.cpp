@@ -35,6 +35,7 @@ bool Pty::Read() {
   const ssize_t count = read(terminal_, buffer, sizeof buffer);
   if (count <= 0) return false;
   raw_.append(buffer, static_cast<std::size_t>(count));
+  bytes_.append(buffer, static_cast<std::size_t>(count));
   Show();
   return true;
 }

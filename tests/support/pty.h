@@ -21,6 +21,8 @@ class Pty {
   // Waits until `text` is shown behind what was waited for before. Gives what was shown up to and
   // with it; the test fails, and all that was shown is told, when it doesn't come.
   std::string WaitFor(std::string_view text);
+  // All that the program has sent so far, with the sequences that move the cursor.
+  const std::string& Bytes() const { return bytes_; }
   // Waits for the end of the program; its status as ProcessResult has it.
   int Wait();
 
@@ -32,6 +34,7 @@ class Pty {
 
   pid_t pid_ = -1;
   int terminal_ = -1;
+  std::string bytes_;
   std::string raw_;
   std::string shown_;
 };

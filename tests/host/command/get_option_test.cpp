@@ -255,4 +255,58 @@ TEST_F(GetOptionTest, OneSidedBoundsAreTold) {
                                               "Most takes a number of at most 3, not '3.5'."));
 }
 
+// A getter with a colour.
+class GetColorTest : public GetOptionTest {
+ protected:
+  void AnswerColor(std::vector<std::string> answers) {
+    Answer(std::move(answers));
+    get_->ClearCommandOptions();
+    get_->AddCommandOptionColor("InkColor", &color_, "Ink color ");
+    get_->AddCommandOptionColor("BgColor", &background_);
+  }
+
+  ON_Color color_{1, 2, 3};
+  ON_Color background_;
+};
+
+TEST_F(GetColorTest, IsShownAsItsParts) {
+  AnswerColor({"Enter"});
+  EXPECT_EQ(Get(), Result::nothing);
+  EXPECT_THAT(input_->Prompts(), ElementsAre("Options ( InkColor=1,2,3  BgColor=0,0,0 ): "));
+}
+
+TEST_F(GetColorTest, IsTypedAsPartsOrDigits) {
+  const std::pair<const char*, ON_Color> rows[] = {
+      {"255,128,0", {255, 128, 0}}, {"0,0,0", {0, 0, 0}},       {" 7 , 8,9 ", {7, 8, 9}},
+      {"+1,2,3", {1, 2, 3}},        {"#ff8000", {255, 128, 0}}, {"#0A0b0C", {10, 11, 12}}};
+  for (const auto& [typed, color] : rows) {
+    AnswerColor({std::string("InkColor=") + typed});
+    EXPECT_EQ(Get(), Result::option) << typed;
+    EXPECT_EQ(color_, color) << typed;
+    EXPECT_EQ(get_->OptionIndex(), 1);
+  }
+}
+
+TEST_F(GetColorTest, IsAskedForByItsPromptOrItsName) {
+  AnswerColor({"InkColor", "#010101", "BgColor", "Enter"});
+  EXPECT_EQ(Get(), Result::option);
+  EXPECT_EQ(Get(), Result::option);
+  EXPECT_EQ(input_->Prompts()[1], "Ink color <1,2,3>: ");
+  EXPECT_EQ(input_->Prompts()[3], "BgColor <0,0,0>: ");
+  EXPECT_EQ(color_, ON_Color(1, 1, 1));
+  EXPECT_EQ(background_, ON_Color(0, 0, 0));
+}
+
+TEST_F(GetColorTest, AnythingElseIsRefused) {
+  for (const char* typed : {"red", "1,2", "1,2,3,4", "256,0,0", "-1,0,0", "1.5,0,0", "#12345",
+                            "#1234567", "#12345g", "#", "1,,3", "", "#+12345"}) {
+    AnswerColor({"InkColor", typed, "!"});
+    EXPECT_EQ(Get(), Result::cancel) << typed;
+    EXPECT_THAT(input_->Refusals(),
+                ElementsAre(std::string("InkColor takes a colour as 255,128,0 or #ff8000, not '") +
+                            typed + "'."));
+    EXPECT_EQ(color_, ON_Color(1, 2, 3)) << typed;
+  }
+}
+
 }  // namespace

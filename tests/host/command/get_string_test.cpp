@@ -82,4 +82,15 @@ TEST(GetString, LastTextIsForgottenWhenAskedAgain) {
   EXPECT_EQ(prompt.get.String(), "");
 }
 
+TEST(GetString, WhatTheCheckRefusesIsAskedForAgain) {
+  StringPrompt prompt({"a", "", "bb"});
+  prompt.get.SetCheck([](const std::string& text) {
+    return text.size() == 2 ? std::string() : "'" + text + "' has not two letters.";
+  });
+  EXPECT_EQ(prompt.get.GetString(), Result::string);
+  EXPECT_EQ(prompt.get.String(), "bb");
+  EXPECT_THAT(prompt.input.Refusals(),
+              ElementsAre("'a' has not two letters.", "'' has not two letters."));
+}
+
 }  // namespace

@@ -3,14 +3,9 @@
 #include <set>
 #include <sstream>
 
-#include "host/command/command_runner.h"
-#include "host/command/host_commands.h"
-#include "host/command/script_input.h"
-#include "recorded_window.h"
-#include "sample_document.h"
+#include "command_run.h"
 #include "sample_plugin.h"
 #include "support/temp_folder.h"
-#include "support/typed_input.h"
 
 namespace {
 
@@ -19,39 +14,11 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
-// The sample document with a light "Lamp", and a material "brick" on the layer House.
-class HostEditCommandsTest : public testing::Test {
+class HostEditCommandsTest : public CommandRun {
  protected:
-  HostEditCommandsTest() {
-    ONX_Model model = SampleModel();
-    model.m_material_table.resize(1);
-    model.m_material_table[0].m_name = "brick";
-    model.m_layer_table[1].m_render_material_index = 0;
-    model.m_light_table.resize(1);
-    model.m_light_table[0].m_light = std::make_shared<ON_Light>();
-    model.m_light_table[0].m_attributes.m_name = "Lamp";
-    Doc().SetModel(std::move(model), "sample.3dm");
-  }
-  ~HostEditCommandsTest() override { Doc().SetModel({}, {}); }
-
-  static CRhinoDoc& Doc() { return RhinoApp().ActiveDoc(); }
-  static const CRhinoObject& Object(std::size_t index) { return *Doc().Objects()[index]; }
   static std::optional<std::string_view> ObjectText(std::size_t index, std::string_view key) {
     return Object(index).Attributes().GetUserString(key);
   }
-  CommandResult Run(std::string_view script) {
-    const RecordedWindow window;
-    ScriptInput input(script, "-c");
-    const CommandResult result = CommandRunner(registry_, input).RunAll(commands_.ExitRequested());
-    told_ = window.Text();
-    error_ = input.Error();
-    return result;
-  }
-
-  CommandRegistry registry_;
-  HostCommands commands_{registry_};
-  std::string told_;
-  std::string error_;
 };
 
 TEST_F(HostEditCommandsTest, UndoAndRedoTellWhichCommand) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "host/command/script_input.h"
+#include "host/system/interrupt.h"
 
 namespace {
 
@@ -67,6 +68,13 @@ TEST(Script, WordsKnowTheirLines) {
   std::vector<int> lines;
   for (const ScriptToken& token : script.tokens) lines.push_back(token.line);
   EXPECT_THAT(lines, ElementsAre(1, 3, 3, 4, 6));
+}
+
+TEST(Script, FirstWordsOfLinesKnowTheirIndent) {
+  const Script script = ParseScript("a b\n  c \"d\n\" e\n\t f\n\n# g\n   # h\ni");
+  std::vector<std::optional<std::size_t>> indents;
+  for (const ScriptToken& token : script.tokens) indents.push_back(token.indent);
+  EXPECT_THAT(indents, ElementsAre(0, std::nullopt, 2, std::nullopt, std::nullopt, 2, 0));
 }
 
 TEST(Script, QuoteThatIsNotClosedIsAnError) {
@@ -137,6 +145,112 @@ TEST(ScriptInput, ScriptThatCannotBeReadAnswersNothing) {
   ScriptInput input("SelAll \"", "-c");
   EXPECT_EQ(input.Error(), "-c, line 1: A double quote is not closed.");
   EXPECT_EQ(input.Ask({}).kind, Kind::end);
+}
+
+// A script that goes on behind errors, and what it has told.
+class GoingOn : public testing::Test {
+ protected:
+  ~GoingOn() override { host::ClearInterrupt(); }
+
+  void Start(std::string_view text) {
+    input_ = std::make_unique<ScriptInput>(text, "job.txt");
+    input_->KeepGoing([this](const std::string& error) { told_.push_back(error); });
+  }
+  // The next word where a command's name, or something else, is asked for; "-" is the end.
+  std::string Command() {
+    Prompt prompt;
+    prompt.AsksForCommand = true;
+    return Word(prompt);
+  }
+  std::string Word(const Prompt& prompt = {}) {
+    const Answer answer = input_->Ask(prompt);
+    return answer.kind == Kind::end ? "-" : answer.Text;
+  }
+
+  std::unique_ptr<ScriptInput> input_;
+  std::vector<std::string> told_;
+};
+
+TEST_F(GoingOn, TheRestOfTheCommandsLinesIsPassedOver) {
+  Start("Foo a\n  b\n\n # c\n\td\nSelAll");
+  EXPECT_EQ(Command(), "Foo");
+  EXPECT_FALSE(input_->Refuse("Unknown command 'Foo'."));
+  EXPECT_THAT(told_, IsEmpty());
+  EXPECT_EQ(Command(), "SelAll");
+  EXPECT_THAT(told_, ElementsAre("job.txt, line 1: Unknown command 'Foo'."));
+  EXPECT_EQ(Command(), "-");
+  EXPECT_EQ(input_->Error(), "");
+  EXPECT_TRUE(input_->HasFailed());
+}
+
+TEST_F(GoingOn, TheCommandGetsNoFurtherAnswer) {
+  Start("Options\n  a=1\n  Enter\nSelAll");
+  EXPECT_EQ(Command(), "Options");
+  EXPECT_EQ(Word(), "a=1");
+  input_->Refuse("a takes 2.");
+  input_->Refuse("Something later.");
+  EXPECT_EQ(Word(), "-");
+  EXPECT_EQ(Command(), "SelAll");
+  EXPECT_THAT(told_, ElementsAre("job.txt, line 2: a takes 2."));
+}
+
+TEST_F(GoingOn, ARefusedWordMayBeTheNextCommand) {
+  Start("  Options\n    a=1\n  SelAll\n  SelNone");
+  EXPECT_EQ(Command(), "Options");
+  EXPECT_EQ(Word(), "a=1");
+  EXPECT_EQ(Word(), "SelAll");
+  input_->Refuse("Unknown option 'SelAll'.");
+  EXPECT_EQ(Command(), "SelAll");
+  EXPECT_EQ(Command(), "SelNone");
+}
+
+TEST_F(GoingOn, ALineThatIsIndentedLessBeginsACommand) {
+  Start("    Foo\n  SelAll");
+  EXPECT_EQ(Command(), "Foo");
+  input_->Refuse("Unknown.");
+  EXPECT_EQ(Command(), "SelAll");
+}
+
+TEST_F(GoingOn, TheLineOfACommandIsTheOneThatItStandsIn) {
+  Start("SelNone Foo a\n  b\nSelAll");
+  EXPECT_EQ(Command(), "SelNone");
+  EXPECT_EQ(Command(), "Foo");
+  input_->Refuse("Unknown.");
+  EXPECT_EQ(Command(), "SelAll");
+}
+
+TEST_F(GoingOn, AnErrorInTheLastLineEndsTheScript) {
+  Start("SelAll Foo SelNone");
+  EXPECT_EQ(Command(), "SelAll");
+  EXPECT_EQ(Command(), "Foo");
+  input_->Refuse("Unknown.");
+  EXPECT_EQ(Command(), "-");
+  EXPECT_EQ(told_.size(), 1u);
+}
+
+TEST_F(GoingOn, AScriptThatEndsInsideACommandIsToldOnce) {
+  Start("Open\na.3dm");
+  EXPECT_EQ(Command(), "Open");
+  EXPECT_EQ(Word(), "a.3dm");
+  EXPECT_EQ(Word(), "-");
+  EXPECT_EQ(Command(), "-");
+  EXPECT_EQ(told_.size(), 1u);
+  EXPECT_EQ(input_->Error(), "");
+}
+
+TEST_F(GoingOn, AnInterruptedScriptEnds) {
+  Start("Foo\nSelAll");
+  EXPECT_EQ(Command(), "Foo");
+  host::RequestInterrupt();
+  input_->Refuse("Interrupted.");
+  EXPECT_EQ(Command(), "-");
+  EXPECT_THAT(told_, IsEmpty());
+  EXPECT_EQ(input_->Error(), "job.txt, line 1: Interrupted.");
+}
+
+TEST_F(GoingOn, AScriptThatCannotBeReadAnswersNothing) {
+  Start("SelAll \"");
+  EXPECT_EQ(input_->Error(), "job.txt, line 1: A double quote is not closed.");
 }
 
 }  // namespace

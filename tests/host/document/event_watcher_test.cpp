@@ -24,8 +24,9 @@ class NotingWatcher : public CRhinoEventWatcher {
   }
   void LightTableEvent(CRhinoTableEvent event, const CRhinoLightTable& table, int index,
                        const ON_Light* old_light) override {
-    Note("light", event, index, old_light->m_light_name,
-         ON_Light::Cast(table.At(index)->Geometry())->m_light_name);
+    const CRhinoObject* light = table.At(index);
+    Note("light", event, index, old_light == nullptr ? "none" : old_light->m_light_name,
+         light == nullptr ? "none" : ON_Light::Cast(light->Geometry())->m_light_name);
   }
   void MaterialTableEvent(CRhinoTableEvent event, const CRhinoMaterialTable& table, int index,
                           const ON_Material* old_material) override {
@@ -92,6 +93,44 @@ TEST_F(EventWatcherTest, HearsOfUndoAndRedo) {
   EXPECT_TRUE(doc_.Redo());
   EXPECT_THAT(watcher.Take(),
               ElementsAre("material 0 event 3: brick > slate", "material 2 event 2: none > glass"));
+}
+
+TEST_F(EventWatcherTest, HearsOfLightsThatComeAndGo) {
+  NotingWatcher watcher;
+  ON_Light light;
+  light.m_light_name = "Sun";
+  EXPECT_EQ(doc_.m_light_table.AddLight(light), 2);
+  EXPECT_TRUE(doc_.m_light_table.DeleteLight(2));
+  EXPECT_THAT(watcher.Take(),
+              ElementsAre("light 2 event 0: none > Sun", "light 2 event 1: Sun > none"));
+  EXPECT_TRUE(doc_.Undo());
+  EXPECT_TRUE(doc_.Undo());
+  EXPECT_TRUE(doc_.Redo());
+  EXPECT_TRUE(doc_.Redo());
+  EXPECT_THAT(watcher.Take(),
+              ElementsAre("light 2 event 2: none > Sun", "light 2 event 1: Sun > none",
+                          "light 2 event 2: none > Sun", "light 2 event 1: Sun > none"));
+}
+
+TEST_F(EventWatcherTest, ALightThatCameAndWentInOneRecordIsNotHeardOfAgain) {
+  const unsigned record = doc_.BeginUndoRecord("Try a light");
+  EXPECT_EQ(doc_.m_light_table.AddLight({}), 2);
+  EXPECT_TRUE(doc_.m_light_table.DeleteLight(2));
+  EXPECT_TRUE(doc_.EndUndoRecord(record));
+  NotingWatcher watcher;
+  EXPECT_TRUE(doc_.Undo());
+  EXPECT_TRUE(doc_.Redo());
+  EXPECT_THAT(watcher.Take(), IsEmpty());
+  EXPECT_EQ(doc_.m_light_table.At(2), nullptr);
+}
+
+TEST_F(EventWatcherTest, ALightThatAWatcherDeletesIsNotHeardOfByTheOthersAgain) {
+  NotingWatcher first;
+  NotingWatcher second;
+  first.m_on_event = [this] { EXPECT_TRUE(doc_.m_light_table.DeleteLight(2)); };
+  EXPECT_EQ(doc_.m_light_table.AddLight({}), 2);
+  EXPECT_THAT(first.Take(), ElementsAre("light 2 event 0: none > ", "light 2 event 1:  > none"));
+  EXPECT_THAT(second.Take(), ElementsAre("light 2 event 1:  > none"));
 }
 
 TEST_F(EventWatcherTest, LoadingAndImportingTellNothing) {

@@ -227,4 +227,26 @@ TEST_F(RenderMeshesTest, AreNotKeptWhenInterrupted) {
   EXPECT_EQ(Get().size(), 6u);
 }
 
+TEST_F(RenderMeshesTest, OfSeveralObjectsTellHowFarTheyAre) {
+  std::vector<std::string> told;
+  RhinoApp().CommandWindow().SetProgressSink([&told](const host::Progress* progress) {
+    told.push_back(progress == nullptr ? "end" : std::string(progress->Task));
+    if (progress == nullptr) return;
+    EXPECT_EQ(progress->Total, 3u);
+    EXPECT_LE(progress->Done, 3u);
+    EXPECT_EQ(progress->Bytes, 0u);
+  });
+  for (double z : {0.0, 10.0, 20.0}) Add(MakeBoxBrep({{0, 0, z}, {4, 4, z + 4}}));
+  EXPECT_EQ(Get().size(), 18u);
+  ASSERT_GE(told.size(), 2u);
+  EXPECT_EQ(told.front(), "Meshing");
+  EXPECT_EQ(told.back(), "end");
+  // What is kept, and one object alone, are part of another job.
+  told.clear();
+  EXPECT_EQ(Get().size(), 18u);
+  EXPECT_EQ(Get({objects_.data(), 1}).size(), 6u);
+  EXPECT_THAT(told, IsEmpty());
+  RhinoApp().CommandWindow().SetProgressSink({});
+}
+
 }  // namespace
