@@ -13,7 +13,7 @@ CCommandOrvSurface::CCommandOrvSurface(CSceneOutPlugIn& plugIn)
           "Asks for the objects unless some are selected; the options show the first one's shader\n"
           "and Enter gives it to all. Shader chooses another one: by its name, or by its file "
           "(.slb)\n"
-          "in a dialog; null takes the shader away. Each parameter is an option. In the scripted\n"
+          "in a dialog; null takes the host's material. Each parameter is an option. In the scripted\n"
           "form (-OrvSurface) texts are typed, $ORVHOME at their start being that environment\n"
           "variable, and several numbers with commas: 1,0.5. Otherwise a text is chosen as a file\n"
           "and these are picked:\n"
