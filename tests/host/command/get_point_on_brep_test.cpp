@@ -101,6 +101,17 @@ TEST_F(GetPointOnBrep, ThereIsNoPointWithoutAFace) {
                                      "The object has no surface to pick on."));
 }
 
+TEST_F(GetPointOnBrep, AnotherUseForgetsTheFace) {
+  TypedInput input({"0:0.5,0.5", "!"});
+  CRhinoCommandContext context(doc_, input, true);
+  CRhinoGetPoint get(context);
+  get.Constrain(*box_);
+  EXPECT_EQ(get.GetPoint(), Result::point);
+  EXPECT_NE(get.PointOnBrep(&u_, &v_), nullptr);
+  EXPECT_EQ(get.GetPoint(), Result::cancel);
+  EXPECT_EQ(get.PointOnBrep(&u_, &v_), nullptr);
+}
+
 TEST_F(GetPointOnBrep, WithoutABrepThereIsNoFace) {
   TypedInput input({"1,2,3"});
   CRhinoCommandContext context(doc_, input, true);
