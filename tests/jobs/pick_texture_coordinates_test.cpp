@@ -12,6 +12,7 @@
 #include "host/geometry/on_plane_surface.h"
 #include "host/geometry/on_rev_surface.h"
 #include "support/brep_shapes.h"
+#include "support/typed_numbers.h"
 
 namespace orv {
 namespace {
@@ -83,7 +84,7 @@ TEST_F(PickTextureCoordinatesTest, OfASphere) {
   sphere->m_curve = std::make_shared<ON_ArcCurve>(
       ON_Arc{{{0, 0, 0}, {1, 0, 0}, {0, 0, 1}, {0, -1, 0}}, 2, {-kPi / 2, kPi / 2}});
   // A quarter around, 30 degrees up.
-  ExpectPlace(Pick(sphere, "0," + std::to_string(std::sqrt(3)) + ",1"), 0.25, 1.0 / 3);
+  ExpectPlace(Pick(sphere, "0," + Typed(std::sqrt(3)) + ",1"), 0.25, 1.0 / 3);
 }
 
 TEST_F(PickTextureCoordinatesTest, OfATrimmedPlane) {
@@ -99,20 +100,17 @@ TEST_F(PickTextureCoordinatesTest, OfABoxAreThoseOfTheFace) {
     const ON_Surface& surface = box->SurfaceOf(*box->Face(i));
     const ON_3dPoint p =
         surface.PointAt(surface.Domain(0).ParameterAt(0.25), surface.Domain(1).ParameterAt(0.625));
-    ExpectPlace(
-        Pick(box, std::to_string(p.x) + ',' + std::to_string(p.y) + ',' + std::to_string(p.z)),
-        0.25, 0.375);
+    ExpectPlace(Pick(box, Typed(p)), 0.25, 0.375);
   }
   const double u = box->SurfaceOf(*box->Face(3)).Domain(0).ParameterAt(0.5);
-  ExpectPlace(Pick(box, "3:" + std::to_string(u) + ",0"), 0.5, 1);
+  ExpectPlace(Pick(box, "3:" + Typed(u) + ",0"), 0.5, 1);
 }
 
 TEST_F(PickTextureCoordinatesTest, OfAPackedFaceLieInItsRegion) {
   const std::shared_ptr<ON_Brep> box = PackedBox(false);
   const ON_Surface& surface = box->SurfaceOf(box->m_F[1]);
   const auto typed = [&surface](double u, double v) {
-    return "1:" + std::to_string(surface.Domain(0).ParameterAt(u)) + ',' +
-           std::to_string(surface.Domain(1).ParameterAt(v));
+    return "1:" + Typed(surface.Domain(0).ParameterAt(u), surface.Domain(1).ParameterAt(v));
   };
   ExpectPlace(Pick(box, typed(0, 0)), 0.5, 0.8);
   ExpectPlace(Pick(box, typed(0.5, 0.25)), 0.625, 0.75);
@@ -129,10 +127,10 @@ TEST_F(PickTextureCoordinatesTest, OfAPackedMeshOverAnotherDomainAreTakenInThat)
   const ON_Interval u = box->SurfaceOf(box->m_F[1]).Domain(0);
   mesh->m_srf_domain[0] = {u.Min, u.Min + 2 * u.Length()};
   box->m_F[1].m_render_mesh = mesh;
-  ExpectPlace(Pick(box, "1:" + std::to_string(u.Max) + ",0"), 0.625, 0.8);
+  ExpectPlace(Pick(box, "1:" + Typed(u.Max) + ",0"), 0.625, 0.8);
   // One of nothing isn't used.
   mesh->m_srf_domain[0] = {1, 1};
-  ExpectPlace(Pick(box, "1:" + std::to_string(u.Max) + ",0"), 1, 1);
+  ExpectPlace(Pick(box, "1:" + Typed(u.Max) + ",0"), 1, 1);
 }
 
 TEST_F(PickTextureCoordinatesTest, ASingleSurfaceIsNeverPacked) {
@@ -154,9 +152,7 @@ TEST_F(PickTextureCoordinatesTest, OfAnExtrusionAreThoseOfItsFaces) {
   const ON_Surface& surface = form->SurfaceOf(form->m_F[0]);
   const ON_3dPoint p =
       surface.PointAt(surface.Domain(0).ParameterAt(0.25), surface.Domain(1).ParameterAt(0.75));
-  ExpectPlace(
-      Pick(extrusion, std::to_string(p.x) + ',' + std::to_string(p.y) + ',' + std::to_string(p.z)),
-      0.25, 0.25);
+  ExpectPlace(Pick(extrusion, Typed(p)), 0.25, 0.25);
 }
 
 TEST_F(PickTextureCoordinatesTest, OfAMeshAreInterpolatedWithTDownwards) {
