@@ -104,6 +104,7 @@ bool TypeText(CRhinoCommandContext& context, ShaderParam& param) {
   get.SetCommandPrompt(param.Label);
   get.SetDefaultString(present);
   get.AcceptNothing();
+  get.TakePath();
   if (get.GetString() != CRhinoGet::Result::string) return false;
   const std::string text = ExpandOrvHome(get.String());
   if (text != present) param.Text = EncodeCallString(text);

@@ -86,6 +86,11 @@ std::optional<ON_3dPoint> ParsePoint(std::string_view text) {
   return ON_3dPoint{parsed->numbers[0], parsed->numbers[1], parsed->numbers[2]};
 }
 
+CRhinoGet::Result CRhinoGetPoint::GetPoint() {
+  on_brep_.reset();
+  return Get();
+}
+
 const ON_BrepFace* CRhinoGetPoint::PointOnBrep(double* u, double* v) const {
   if (!on_brep_) return nullptr;
   *u = on_brep_->at.u;
@@ -114,7 +119,6 @@ std::optional<CRhinoGet::Result> CRhinoGetPoint::TakePointOnBrep(std::string_vie
   } else {
     const bool is_named = place->face_index || brep_->m_F.size() == 1;
     const int face_index = place->face_index.value_or(0);
-    on_brep_.reset();
     if (is_named) on_brep_ = ON_PointOnBrepFace(*brep_, face_index, x, y);
     if (!on_brep_) return Refuse(WhyNotThere(*brep_, face_index, is_named));
   }

@@ -24,7 +24,7 @@ class CRhinoGetPoint : public CRhinoGet {
   void Constrain(const ON_Brep& brep) { brep_ = &brep; }
 
   // point, nothing, option, cancel or no_result.
-  Result GetPoint() { return Get(); }
+  Result GetPoint();
   ON_3dPoint Point() const { return point_; }
   // The face on which the point lies, and the parameters of its surface there. Null when no point
   // on a brep was had; the parameters are then unchanged.

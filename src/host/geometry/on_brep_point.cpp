@@ -77,7 +77,7 @@ std::optional<ON_BrepPoint> ON_ClosestPointOnBrep(const ON_Brep& brep, ON_3dPoin
     if (!point) continue;
     const double distance = point->point.DistanceTo(p);
     const bool is_closer =
-        distance < least || (distance == least && face.index < closest->face_index);
+        !closest || distance < least || (distance == least && face.index < closest->face_index);
     if (!is_closer) continue;
     least = distance;
     closest = {face.index, *point};

@@ -57,6 +57,17 @@ std::vector<double> Samples(const ON_NurbsCurve& curve) {
   return samples;
 }
 
+// 1 for boundaries of up to a thousand control points; for more, so much that the lines that follow
+// them don't grow in number.
+double Crowd(const std::vector<std::vector<ON_NurbsCurve>>& loops) {
+  constexpr double kMany = 1000;
+  double count = 0;
+  for (const std::vector<ON_NurbsCurve>& loop : loops) {
+    for (const ON_NurbsCurve& trim : loop) count += trim.CVCount();
+  }
+  return count > kMany ? (count / kMany) * (count / kMany) : 1;
+}
+
 }  // namespace
 
 ON_FaceRegion::ON_FaceRegion(const ON_Brep& brep, const ON_BrepFace& face)
@@ -64,7 +75,8 @@ ON_FaceRegion::ON_FaceRegion(const ON_Brep& brep, const ON_BrepFace& face)
   for (const int li : face.m_li) AddLoop(brep, brep.m_L[static_cast<std::size_t>(li)]);
   SetBounds();
   constexpr double kStray = 1e-6;
-  tolerance_ = kStray * std::max(bounds_[0].Length(), bounds_[1].Length());
+  const double size = std::max({bounds_[0].Length(), bounds_[1].Length(), 0.0});
+  tolerance_ = kStray * Crowd(loops_) * size;
   for (const std::vector<ON_NurbsCurve>& loop : loops_) {
     Polygon& polygon = polygons_.emplace_back();
     for (const ON_NurbsCurve& trim : loop) {

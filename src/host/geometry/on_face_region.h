@@ -9,8 +9,8 @@
 #include "host/geometry/on_surface_point.h"
 
 // The part of a surface that a face leaves of it, in the surface's parameters. What is inside is
-// told by straight lines that stray from the boundary by some millionths of the region's size. The
-// brep outlives the region.
+// told by straight lines that stray from the boundary by some millionths of the region's size, by
+// more where it has thousands of control points. The brep outlives the region.
 class ON_FaceRegion {
  public:
   ON_FaceRegion(const ON_Brep& brep, const ON_BrepFace& face);

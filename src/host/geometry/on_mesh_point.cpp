@@ -90,7 +90,7 @@ class Search {
     const Barycentric w = ClosestInTriangle(t, p_);
     const ON_3dPoint point = PointAt(t, w);
     const double distance = point.DistanceTo(p_);
-    if (!(distance < least_)) return;
+    if (std::isnan(distance) || (found_ && !(distance < least_))) return;
     least_ = distance;
     found_ = ON_MESH_POINT{point, face_index, triangle.name, {}};
     for (std::size_t i = 0; i < w.size(); ++i) {

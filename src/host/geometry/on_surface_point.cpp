@@ -101,10 +101,14 @@ class Descent {
 
   double Distance(const Place& x) const { return surface_.PointAt(x[0], x[1]).DistanceTo(p_); }
 
+  // At the end of a patch there may be a crease, and the slopes are those before it.
   Slopes SlopesAt(const Place& x) const {
     ON_3dPoint point;
     ON_3dVector du, dv;
-    surface_.Ev1Der(x[0], x[1], &point, &du, &dv);
+    const auto inside = [&](std::size_t d) {
+      return x[d] < patch_[d].Max ? x[d] : std::nextafter(patch_[d].Max, patch_[d].Min);
+    };
+    surface_.Ev1Der(inside(0), inside(1), &point, &du, &dv);
     const ON_3dVector away = point - p_;
     return {{ON_DotProduct(away, du), ON_DotProduct(away, dv)},
             {ON_DotProduct(du, du), ON_DotProduct(dv, dv)}};
@@ -237,6 +241,47 @@ std::vector<ON_Interval> Around(const std::vector<double>& creases, double t) {
   return intervals;
 }
 
+// A walk over patches, down to a point from which none of those around leads farther down.
+class Walk {
+ public:
+  Walk(const ON_Surface& surface, const Grid& u, const Grid& v, ON_3dPoint p)
+      : surface_(surface), creases_{u.creases, v.creases}, p_(p) {}
+
+  ON_SurfacePoint From(Place start) const {
+    constexpr int kMaxPatches = 1000;
+    ON_SurfacePoint at{start[0], start[1], surface_.PointAt(start[0], start[1])};
+    for (int i = 0; i < kMaxPatches; ++i) {
+      const ON_SurfacePoint next = LeastAround(at);
+      constexpr double kLess = 1 - 1e-12;
+      const bool has_ended =
+          !(next.point.DistanceTo(p_) < kLess * at.point.DistanceTo(p_)) || !IsOnCrease(next);
+      at = next;
+      if (has_ended) break;
+    }
+    return at;
+  }
+
+ private:
+  ON_SurfacePoint LeastAround(const ON_SurfacePoint& at) const {
+    ON_SurfacePoint least = at;
+    for (const ON_Interval& u : Around(creases_[0], at.u)) {
+      for (const ON_Interval& v : Around(creases_[1], at.v)) {
+        const ON_SurfacePoint end = Descent(surface_, {u, v}, p_).From({at.u, at.v});
+        if (end.point.DistanceTo(p_) < least.point.DistanceTo(p_)) least = end;
+      }
+    }
+    return least;
+  }
+
+  bool IsOnCrease(const ON_SurfacePoint& at) const {
+    return Around(creases_[0], at.u).size() > 1 || Around(creases_[1], at.v).size() > 1;
+  }
+
+  const ON_Surface& surface_;
+  std::array<std::vector<double>, 2> creases_;
+  ON_3dPoint p_;
+};
+
 }  // namespace
 
 std::vector<ON_SurfacePoint> ON_ClosestSurfacePoints(const ON_Surface& surface, const Part& part,
@@ -245,14 +290,10 @@ std::vector<ON_SurfacePoint> ON_ClosestSurfacePoints(const ON_Surface& surface, 
   const ON_NurbsSurface* form = ON_NurbsSurface::Cast(&surface);
   if (form == nullptr && surface.GetNurbForm(made)) form = &made;
   const Grid u = GridOf(form, 0, part[0]), v = GridOf(form, 1, part[1]);
+  const Walk walk(surface, u, v, p);
   std::vector<ON_SurfacePoint> points;
   for (const auto& [i, j] : Distances(surface, u, v, p).Starts()) {
-    const Place start{u.parameters[i], v.parameters[j]};
-    for (const ON_Interval& patch_u : Around(u.creases, start[0])) {
-      for (const ON_Interval& patch_v : Around(v.creases, start[1])) {
-        points.push_back(Descent(surface, {patch_u, patch_v}, p).From(start));
-      }
-    }
+    points.push_back(walk.From({u.parameters[i], v.parameters[j]}));
   }
   if (points.empty()) {
     points.push_back({part[0].Min, part[1].Min, surface.PointAt(part[0].Min, part[1].Min)});

@@ -5,6 +5,7 @@
 #include "host/geometry/on_brep.h"
 #include "support/brep_shapes.h"
 #include "support/typed_input.h"
+#include "support/typed_numbers.h"
 
 namespace {
 
@@ -49,8 +50,7 @@ TEST_F(GetPointOnBrep, ThreeNumbersAreAPointToWhichTheClosestIsTaken) {
 TEST_F(GetPointOnBrep, TwoNumbersAreParametersOfTheOneFace) {
   const ON_Surface& surface = plate_->SurfaceOf(*plate_->Face(0));
   const double u = surface.Domain(0).ParameterAt(0.125), v = surface.Domain(1).Min;
-  const std::string typed = std::to_string(u) + ',' + std::to_string(v);
-  ASSERT_EQ(Get(*plate_, {typed}), Result::point);
+  ASSERT_EQ(Get(*plate_, {Typed(u, v)}), Result::point);
   EXPECT_EQ(face_, plate_->Face(0));
   EXPECT_EQ(u_, u);
   EXPECT_EQ(v_, v);
@@ -99,6 +99,17 @@ TEST_F(GetPointOnBrep, ThereIsNoPointWithoutAFace) {
   EXPECT_EQ(Get(ON_Brep(), {"1,2,3", "0:1,2", "!"}), Result::cancel);
   EXPECT_THAT(refusals_, ElementsAre("The object has no surface to pick on.",
                                      "The object has no surface to pick on."));
+}
+
+TEST_F(GetPointOnBrep, AnotherUseForgetsTheFace) {
+  TypedInput input({"0:0.5,0.5", "!"});
+  CRhinoCommandContext context(doc_, input, true);
+  CRhinoGetPoint get(context);
+  get.Constrain(*box_);
+  EXPECT_EQ(get.GetPoint(), Result::point);
+  EXPECT_NE(get.PointOnBrep(&u_, &v_), nullptr);
+  EXPECT_EQ(get.GetPoint(), Result::cancel);
+  EXPECT_EQ(get.PointOnBrep(&u_, &v_), nullptr);
 }
 
 TEST_F(GetPointOnBrep, WithoutABrepThereIsNoFace) {

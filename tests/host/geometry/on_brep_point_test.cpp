@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "host/geometry/on_brep.h"
 #include "host/geometry/on_plane_surface.h"
 #include "support/brep_shapes.h"
@@ -126,6 +128,16 @@ TEST(ClosestBrepPoint, OfASmallPieceOfALargeSurface) {
   ExpectPointsAgree({10, 10, 0}, Closest(*piece, {-500, -500, 300}).at.point, 1e-6);
   ExpectPointsAgree({11, 10.5, 0}, Closest(*piece, {12, 10.5, 1}).at.point, 1e-6);
   ExpectPointsAgree({10.3, 10.6, 0}, Closest(*piece, {10.3, 10.6, 1}).at.point, 1e-9);
+}
+
+TEST(ClosestBrepPoint, ThereIsOneForEveryPoint) {
+  constexpr double kFar = std::numeric_limits<double>::max();
+  const auto box = MakeBoxBrep({{0, 0, 0}, {1, 2, 3}});
+  const auto plate = MakePlateBrep(5, 2);
+  for (const ON_3dPoint& p : {ON_3dPoint{kFar, kFar, -kFar}, {1e200, 0, 0}, {0, -1e-320, 0}}) {
+    EXPECT_TRUE(ON_ClosestPointOnBrep(*box, p));
+    EXPECT_TRUE(ON_ClosestPointOnBrep(*plate, p));
+  }
 }
 
 TEST(ClosestBrepPoint, ThereIsNoneOnABrepWithoutFaces) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "surface_checks.h"
 
 namespace {
@@ -100,6 +102,13 @@ TEST(ClosestMeshPoint, FacesWithoutAnAreaAreLinesAndPoints) {
   ExpectPointsAgree({3, 0, 0}, Closest(line, {3, 9, 0}).m_P);
   const ON_Mesh point = Mesh({{1, 2, 3}}, {{{0, 0, 0, 0}}});
   ExpectPointsAgree({1, 2, 3}, Closest(point, {3, 9, 0}).m_P);
+}
+
+TEST(ClosestMeshPoint, ThereIsOneForEveryPoint) {
+  constexpr double kFar = std::numeric_limits<double>::max();
+  for (const ON_3dPoint& p : {ON_3dPoint{kFar, kFar, -kFar}, {1e200, 0, 0}, {0, -1e-320, 0}}) {
+    EXPECT_TRUE(ON_ClosestPointOnMesh(SquareAndTriangle(), p));
+  }
 }
 
 TEST(ClosestMeshPoint, ThereIsNoneWithoutAFace) {

@@ -130,6 +130,31 @@ TEST(ClosestSurfacePoint, MayLieOnACrease) {
   EXPECT_NEAR(ridge.u, 1, 1e-9);
   ExpectPointsAgree({1.5, 1, 0.5}, Closest(Roof(), {2, 1, 1}).point, 1e-9);
   ExpectPointsAgree({0.5, 1, 0.5}, Closest(Roof(), {0.9, 1, 0.1}).point, 1e-9);
+  // From the ridge it goes down on either side.
+  ExpectPointsAgree({0.8, 1, 0.8}, Closest(Roof(), {0.9, 1, 0.7}).point, 1e-9);
+  ExpectPointsAgree({1.2, 1, 0.8}, Closest(Roof(), {1.1, 1, 0.7}).point, 1e-9);
+}
+
+// A folded strip that runs askew: the closest point of the coarse grid stands on another fold.
+TEST(ClosestSurfacePoint, IsReachedAcrossCreases) {
+  ON_NurbsSurface strip;
+  ON_SimpleArray<ON_4dPoint> cvs;
+  constexpr int kFolds = 12;
+  std::vector<double> knots;
+  for (int i = 0; i <= kFolds; ++i) {
+    knots.push_back(i);
+    const double x = i, z = i % 2 == 0 ? 0 : 0.1;
+    cvs.push_back({x, 0, z, 1});
+    cvs.push_back({x + 40, 30, z, 1});
+  }
+  strip.Create({2, 2}, {{{knots.begin(), knots.end()}, {0, 1}}}, std::move(cvs), false);
+  ASSERT_TRUE(strip.IsValid());
+  for (double u = 0.125; u < kFolds; u += 0.5) {
+    for (double v = 0.0625; v < 1; v += 0.125) {
+      const ON_3dPoint p = strip.PointAt(u, v);
+      EXPECT_NEAR(Closest(strip, p).point.DistanceTo(p), 0, 1e-9) << u << ' ' << v;
+    }
+  }
 }
 
 // Those at the two ends are skewed.
