@@ -1,11 +1,11 @@
 #pragma once
 
-#include "host/command/command.h"
-#include "settings/render_settings.h"
+#include "jobs/option_table.h"
 
 namespace orv {
 
-class CSceneOutPlugIn;
+// The options of every export and render.
+extern const OptionTable kGeneralOptions;
 
 // Lets the user change the general options of `settings` one by one, until Enter. Nothing is
 // stored. Success when they were accepted; cancel, failure, or what a prompt in between has ended

@@ -8,6 +8,7 @@
 #include "host/system/file.h"
 #include "host/system/path.h"
 #include "host/system/text.h"
+#include "jobs/orv_home.h"
 
 namespace orv {
 namespace {
@@ -47,6 +48,11 @@ std::string WithChosenExtension(const CRhinoFileDialog& dialog, const CRhinoFile
   host::PathParts parts = host::SplitPath(choice.Path);
   parts.Extension = PatternExtension(pattern);
   return host::JoinPath(parts);
+}
+
+std::string WithBackslashes(std::string path) {
+  std::replace(path.begin(), path.end(), '/', '\\');
+  return path;
 }
 
 }  // namespace
@@ -111,6 +117,21 @@ CommandResult AskForFileName(CRhinoCommandContext& context, std::string_view pro
   if (get.GetString() != CRhinoGet::Result::string) return get.CommandResult();
   file = get.String();
   return CommandResult::success;
+}
+
+CommandResult AskForFile(CRhinoCommandContext& context, const FileQuestion& question,
+                         UserValues& user, std::string& file) {
+  if (context.IsInteractive()) {
+    const auto pick =
+        question.Shown == FileQuestion::Dialog::open ? PickFileToOpen : PickFileToSave;
+    std::string picked = WithBackslashes(file);
+    if (pick(context, question.Picker, user.*question.Folder, picked)) file = picked;
+    return CommandResult::success;
+  }
+  std::string typed;
+  const CommandResult asked = AskForFileName(context, question.Prompt, typed);
+  if (asked == CommandResult::success) file = WithBackslashes(ExpandOrvHome(typed));
+  return asked;
 }
 
 }  // namespace orv

@@ -6,6 +6,7 @@
 
 #include "host/command/command.h"
 #include "host/command/file_dialog.h"
+#include "settings/user_values.h"
 
 // The plug-in's dialogs that choose a file.
 namespace orv {
@@ -33,6 +34,26 @@ struct FilePicker {
 // is to give back.
 [[nodiscard]] CommandResult AskForFileName(CRhinoCommandContext& context, std::string_view prompt,
                                            std::string& file);
+
+// How a command asks for a file: with a dialog when a person runs it, with a prompt in its scripted
+// form.
+struct FileQuestion {
+  enum class Dialog { open, save };
+
+  FilePicker Picker;
+  Dialog Shown = Dialog::open;
+  std::string_view Prompt;
+  // Where the dialog starts.
+  std::string UserValues::*Folder = nullptr;
+};
+
+// Asks for a file. Success with the old name when the dialog was cancelled; a prompt that was not
+// answered gives what the command is to give back.
+//
+// What is typed at the prompt may begin with $ORVHOME, and gets backslashes. The dialog is shown
+// with backslashes, too, but what it gives stays as it is.
+[[nodiscard]] CommandResult AskForFile(CRhinoCommandContext& context, const FileQuestion& question,
+                                       UserValues& user, std::string& file);
 
 // The rows of a filter text. A description without a pattern is dropped.
 std::vector<CRhinoFileFilter> FileFiltersFromText(std::string_view text);

@@ -2,6 +2,7 @@
 
 #include <chrono>
 
+#include "host/system/command_line.h"
 #include "host/system/path.h"
 #include "host/system/process.h"
 #include "host/system/text.h"

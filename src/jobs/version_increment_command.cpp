@@ -1,6 +1,6 @@
 #include "jobs/version_increment_command.h"
 
-#include <limits>
+#include "jobs/job_files.h"
 
 namespace orv {
 
@@ -10,8 +10,7 @@ CCommandOrvVersionIncrement::CCommandOrvVersionIncrement(CSceneOutPlugIn& plugIn
                   "Asks for nothing.\n") {}
 
 CommandResult CCommandOrvVersionIncrement::RunCommand(CRhinoCommandContext&) {
-  int& version = PlugIn().User().Version;
-  if (version < std::numeric_limits<int>::max()) ++version;
+  IncrementVersion(PlugIn().User());
   return CommandResult::success;
 }
 

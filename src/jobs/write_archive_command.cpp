@@ -1,21 +1,9 @@
 #include "jobs/write_archive_command.h"
 
-#include <algorithm>
-
 #include "export/scene_export.h"
 #include "host/command/get_option.h"
-#include "jobs/orv_home.h"
 
 namespace orv {
-namespace {
-
-std::string WithBackslashes(std::string path) {
-  std::replace(path.begin(), path.end(), '/', '\\');
-  return path;
-}
-
-}  // namespace
-
 CCommandOrvWriteArchive::CCommandOrvWriteArchive(CSceneOutPlugIn& plugIn)
     : COrvCommand(
           plugIn, "33ecff0d-ddab-44f2-a714-683723c31689"_uuid, "OrvWriteArchive",
@@ -23,19 +11,6 @@ CCommandOrvWriteArchive::CCommandOrvWriteArchive(CSceneOutPlugIn& plugIn)
           "Archive names the file; $ORVHOME at its start is that environment variable. Materials\n"
           "tells whether materials are written. Enter writes the file. Select the objects "
           "first.\n") {}
-
-CommandResult CCommandOrvWriteArchive::AskForArchive(CRhinoCommandContext& context,
-                                                     std::string& name) const {
-  if (context.IsInteractive()) {
-    std::string file = WithBackslashes(name);
-    if (PickFileToSave(context, kArchivePicker, PlugIn().User().RibDir, file)) name = file;
-    return CommandResult::success;
-  }
-  std::string typed;
-  const CommandResult asked = AskForFileName(context, "Archive", typed);
-  if (asked == CommandResult::success) name = WithBackslashes(ExpandOrvHome(typed));
-  return asked;
-}
 
 CommandResult CCommandOrvWriteArchive::AskForOptions(CRhinoCommandContext& context,
                                                      RenderSettings& settings) const {
@@ -53,7 +28,8 @@ CommandResult CCommandOrvWriteArchive::AskForOptions(CRhinoCommandContext& conte
     if (result == CRhinoGet::Result::cancel) return CommandResult::cancel;
     if (result != CRhinoGet::Result::option) return CommandResult::failure;
     if (get.OptionIndex() != archive) continue;
-    const CommandResult asked = AskForArchive(context, settings.RibName);
+    const CommandResult asked =
+        AskForFile(context, kArchiveQuestion, PlugIn().User(), settings.RibName);
     if (asked != CommandResult::success) return asked;
   }
 }

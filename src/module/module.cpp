@@ -3,10 +3,14 @@
 
 #include "host/command/plugin_module.h"
 #include "jobs/bake_command.h"
+#include "jobs/cube_map_command.h"
 #include "jobs/environment_map_command.h"
 #include "jobs/load_baked_maps_command.h"
+#include "jobs/option_commands.h"
 #include "jobs/plugin.h"
+#include "jobs/scene_commands.h"
 #include "jobs/settings_commands.h"
+#include "jobs/submit_job_command.h"
 #include "jobs/version_increment_command.h"
 #include "jobs/write_archive_command.h"
 #include "side_export/export_vrml_command.h"
@@ -17,10 +21,18 @@ namespace {
 class Module {
  public:
   Module() {
+    plug_in_.AddCommand<orv::CCommandOrvOptions>();
+    plug_in_.AddCommand<orv::CCommandSceneOut>();
+    plug_in_.AddCommand<orv::CCommandOrvRender>();
+    plug_in_.AddCommand<orv::CCommandOrvTrace>();
+    plug_in_.AddCommand<orv::CCommandOrvOutline>();
+    plug_in_.AddCommand<orv::CCommandOrvGI>();
     plug_in_.AddCommand<orv::CCommandOrvLoadSettings>();
     plug_in_.AddCommand<orv::CCommandOrvSaveSettings>();
     plug_in_.AddCommand<orv::CCommandOrvResetSettings>();
     plug_in_.AddCommand<orv::CCommandOrvEnvironmentMap>();
+    plug_in_.AddCommand<orv::CCommandOrvRenderCubeMap>();
+    plug_in_.AddCommand<orv::CCommandOrvSubmitJob>();
     plug_in_.AddCommand<orv::CCommandOrvVersionIncrement>();
     plug_in_.AddCommand<orv::CCommandOrvBake>();
     plug_in_.AddCommand<orv::CCommandOrvLoadBakedMaps>();

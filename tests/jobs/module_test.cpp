@@ -61,9 +61,11 @@ TEST_F(Module, HasItsCommands) {
     EXPECT_TRUE(command->Description().ends_with('.')) << command->EnglishCommandName();
     EXPECT_TRUE(command->Usage().ends_with(".\n")) << command->EnglishCommandName();
   }
-  EXPECT_THAT(names, ElementsAre("OrvLoadSettings", "OrvSaveSettings", "OrvResetSettings",
-                                 "OrvEnvironmentMap", "OrvVersionIncrement", "OrvBake",
-                                 "OrvLoadBakedMaps", "OrvExportVrml", "OrvWriteArchive"));
+  EXPECT_THAT(names, ElementsAre("OrvOptions", "OrvExport", "OrvRender", "OrvTrace", "OrvOutline",
+                                 "OrvGI", "OrvLoadSettings", "OrvSaveSettings", "OrvResetSettings",
+                                 "OrvEnvironmentMap", "OrvRenderCubeMap", "OrvSubmitJob",
+                                 "OrvVersionIncrement", "OrvBake", "OrvLoadBakedMaps",
+                                 "OrvExportVrml", "OrvWriteArchive"));
   EXPECT_EQ(ids.size(), names.size());
 }
 

@@ -112,8 +112,9 @@ TEST_F(WriteArchiveCommand, NameMayMixSeparators) {
 }
 
 TEST_F(WriteArchiveCommand, DialogsTitleAndFilters) {
-  EXPECT_EQ(kArchivePicker.Title, "Write Archive");
-  EXPECT_THAT(Rows(kArchivePicker), ElementsAre("RIB Files (*.rib)|*.rib", "All Files|*.*"));
+  EXPECT_EQ(kArchiveQuestion.Picker.Title, "Write Archive");
+  EXPECT_THAT(Rows(kArchiveQuestion.Picker),
+              ElementsAre("RIB Files (*.rib)|*.rib", "All Files|*.*"));
 }
 
 TEST_F(WriteArchiveCommand, CancelledAndEmptyPromptsEndTheCommand) {

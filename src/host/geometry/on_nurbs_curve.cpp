@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/geometry/on_curve_lengths.h"
 #include "host/geometry/on_nurbs_span.h"
 #include "host/geometry/on_parameters.h"
 
@@ -79,6 +80,13 @@ int ON_NurbsCurve::IsPolyline(std::vector<ON_3dPoint>* points) const {
     for (const ON_4dPoint& cv : m_cv) points->push_back(cv.Euclidean());
   }
   return CVCount();
+}
+
+bool ON_NurbsCurve::GetLength(double* length, double fractional_tolerance) const {
+  const double total = ON_CurveLengths(*this, fractional_tolerance).Total();
+  if (!std::isfinite(total)) return false;
+  *length = total;
+  return true;
 }
 
 bool ON_NurbsCurve::GetNurbForm(ON_NurbsCurve& form) const {

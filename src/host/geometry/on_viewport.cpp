@@ -52,21 +52,22 @@ ON_Plane ON_Viewport::GetFarPlane() const {
 }
 
 bool ON_Viewport::SetCameraFrame(ON_3dPoint location, ON_3dVector direction, ON_3dVector up) {
-  constexpr double kParallel = 1e-12;
+  constexpr double kParallel = 1e-10;
   const double directionLength = direction.Length();
   const double upLength = up.Length();
   if (!(directionLength > 0 && upLength > 0) || !std::isfinite(directionLength + upLength)) {
     return false;
   }
   const ON_3dVector z = direction * (-1 / directionLength);
-  const ON_3dVector across = ON_CrossProduct(up * (1 / upLength), z);
-  const double acrossLength = across.Length();
-  if (!(acrossLength > kParallel)) return false;
+  const ON_3dVector unitUp = up * (1 / upLength);
+  const ON_3dVector above = unitUp - z * ON_DotProduct(unitUp, z);
+  const double aboveLength = above.Length();
+  if (!(aboveLength > kParallel)) return false;
   m_location = location;
   m_direction = direction;
   m_up = up;
-  m_x = across * (1 / acrossLength);
-  m_y = ON_CrossProduct(z, m_x);
+  m_y = above * (1 / aboveLength);
+  m_x = ON_CrossProduct(m_y, z);
   m_z = z;
   return true;
 }

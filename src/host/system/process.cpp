@@ -9,18 +9,16 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
+#include <map>
 #include <mutex>
 #include <optional>
-#include <system_error>
 #include <thread>
 #include <utility>
 
-#include "host/system/environment.h"
-#include "host/system/file.h"
+#include "host/system/command_line.h"
 #include "host/system/interrupt.h"
 #include "host/system/path.h"
-#include "host/system/text.h"
+#include "host/system/program_search.h"
 
 namespace host {
 namespace {
@@ -35,53 +33,6 @@ constexpr milliseconds kForcedEnd{400};
 
 bool HasZeroByte(const std::string& text) {
   return text.find('\0') != std::string::npos;
-}
-
-bool IsProgram(const std::string& path) {
-  return FileExists(path) && faccessat(AT_FDCWD, NativePath(path).c_str(), X_OK, AT_EACCESS) == 0;
-}
-
-// The folders of the search path; an empty entry stands for the current folder.
-std::vector<std::string> SearchFolders() {
-  const std::string path = EnvironmentValue("PATH").value_or("/usr/bin:/bin");
-  std::vector<std::string> folders;
-  for (std::size_t begin = 0; begin <= path.size();) {
-    const std::size_t end = std::min(path.find(':', begin), path.size());
-    folders.push_back(end == begin ? "." : path.substr(begin, end - begin));
-    begin = end + 1;
-  }
-  return folders;
-}
-
-// Adds the files that may be the program, in the order of the search path.
-void FindProgram(const std::string& name, std::vector<std::string>& files) {
-  if (name.empty()) return;
-  if (name.find_first_of("/\\") != std::string::npos) {
-    if (IsProgram(name)) files.push_back(name);
-    return;
-  }
-  for (const std::string& folder : SearchFolders()) {
-    std::string path = AppendPath(folder, name);
-    if (IsProgram(path)) files.push_back(std::move(path));
-  }
-}
-
-// The files that may be the program, the best one first; a relative name counts from this program's
-// folder, not from the one in which the program is started.
-std::vector<std::string> ProgramFiles(const std::string& name) {
-  std::vector<std::string> files;
-  FindProgram(name, files);
-  PathParts parts = SplitPath(name);
-  if (EqualNoCase(parts.Extension, ".exe")) {
-    parts.Extension.clear();
-    FindProgram(JoinPath(parts), files);
-  }
-  for (std::string& file : files) {
-    std::error_code failure;
-    const std::filesystem::path path = std::filesystem::absolute(NativePath(file), failure);
-    file = failure ? std::string() : path.string();
-  }
-  return files;
 }
 
 // True when the system doesn't take the file for a program, so that another one may be.
@@ -227,7 +178,39 @@ std::optional<pid_t> Start(const ProcessStart& start, bool stands_apart) {
       HasZeroByte(start.Folder) || InterruptRequested()) {
     return std::nullopt;
   }
-  return Preparation(start, stands_apart).Start(ProgramFiles(arguments[0]), arguments);
+  return Preparation(start, stands_apart).Start(FindProgramFiles(arguments[0]), arguments);
+}
+
+// A process that has left this one behind: its terminal, its pipes, its open files.
+void StandApart() {
+  setsid();
+  const int nothing = open("/dev/null", O_RDWR);
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (stream == STDIN_FILENO || IsPipe(stream)) dup2(nothing, stream);
+  }
+  close_range(STDERR_FILENO + 1, ~0U, 0);
+}
+
+// Starts a process that starts the programs of a batch file, each when the one before it has ended.
+std::optional<pid_t> StartBatch(const ProcessStart& start) {
+  const auto lines = ReadBatchFile(start.Arguments[0]);
+  if (!lines || HasZeroByte(start.Folder) || InterruptRequested()) return std::nullopt;
+  // All that can be done before is: the new process has one thread only.
+  std::map<std::string, std::vector<std::string>> files;
+  for (const auto& words : *lines) {
+    if (!files.contains(words[0])) files[words[0]] = FindProgramFiles(words[0]);
+  }
+  const Preparation preparation(start, true);
+  const pid_t process = fork();
+  if (process < 0) return std::nullopt;
+  if (process > 0) return process;
+  StandApart();
+  for (const auto& words : *lines) {
+    if (const auto program = preparation.Start(files.at(words[0]), words)) {
+      waitpid(*program, nullptr, 0);
+    }
+  }
+  _exit(0);
 }
 
 }  // namespace
@@ -242,25 +225,12 @@ bool RunProcess(const ProcessStart& start, milliseconds limit) {
 }
 
 bool StartProcess(const ProcessStart& start) {
-  const std::optional<pid_t> process = Start(start, true);
+  const bool is_batch = start.Arguments.size() == 1 && IsBatchFile(start.Arguments[0]);
+  const std::optional<pid_t> process = is_batch ? StartBatch(start) : Start(start, true);
   if (!process) return false;
   // Takes the process off the system's list when it ends; nobody waits for it.
   std::thread([id = *process] { waitpid(id, nullptr, 0); }).detach();
   return true;
-}
-
-std::vector<std::string> SplitCommandLine(std::string_view line) {
-  std::vector<std::string> words;
-  bool in_word = false;
-  bool in_quotes = false;
-  for (const char letter : line) {
-    const bool separates = !in_quotes && (letter == ' ' || letter == '\t');
-    if (!separates && !in_word) words.emplace_back();
-    in_word = !separates;
-    if (letter == '"') in_quotes = !in_quotes;
-    if (!separates && letter != '"') words.back() += letter;
-  }
-  return words;
 }
 
 }  // namespace host

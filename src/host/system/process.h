@@ -29,11 +29,9 @@ struct ProcessStart {
 
 // Starts a program that goes on by itself: it outlives this program, and nothing is left of it when
 // it has ended. What it prints is shown where this program's output is, unless that is a pipe,
-// whose reader would have to wait for its end. True when it was started, as with RunProcess.
+// whose reader would have to wait for its end. A batch file, "name.bat", is a program, too: its
+// lines are command lines, which are run one after the other without a shell; one whose program
+// isn't there is passed over. True when it was started, as with RunProcess.
 [[nodiscard]] bool StartProcess(const ProcessStart& start);
-
-// The words of a command line, without a shell: blanks separate them, and a part in double quotes
-// holds blanks. A backslash is a letter like any other.
-std::vector<std::string> SplitCommandLine(std::string_view line);
 
 }  // namespace host

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Command lines as texts: they are taken apart here, and no shell ever sees one.
+namespace host {
+
+// The words of a command line: blanks separate them, and a part in double quotes holds blanks. A
+// backslash is a letter like any other.
+std::vector<std::string> SplitCommandLine(std::string_view line);
+
+// True for an existing file whose name ends in ".bat".
+bool IsBatchFile(std::string_view path);
+// The command lines of a batch file, taken apart, without the empty ones. Nothing when it can't be
+// read.
+std::optional<std::vector<std::vector<std::string>>> ReadBatchFile(std::string_view path);
+
+}  // namespace host

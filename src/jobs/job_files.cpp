@@ -1,0 +1,57 @@
+#include "jobs/job_files.h"
+
+#include <limits>
+
+#include "export/rib_text.h"
+#include "host/document/app.h"
+#include "host/system/file.h"
+#include "host/system/path.h"
+#include "host/system/text.h"
+
+namespace orv {
+
+std::string AppendToBaseName(std::string_view path, std::string_view suffix) {
+  host::PathParts parts = host::SplitPath(path);
+  parts.Base += suffix;
+  return host::JoinPath(parts);
+}
+
+std::string PathWithoutExtension(std::string_view path, std::size_t most) {
+  host::PathParts parts = host::SplitPath(host::FirstCodePoints(path, most));
+  parts.Extension.clear();
+  return host::JoinPath(parts);
+}
+
+std::string FrameFileName(std::string_view base, int frame) {
+  return std::string(base) + host::Format("_%04d.rib", frame);
+}
+
+void ApplyVersionSuffix(const UserValues& user, RenderSettings& settings) {
+  if (!user.UseVersion) return;
+  const std::string suffix = host::Format("_v%d", user.Version);
+  settings.RibName = AppendToBaseName(settings.RibName, suffix);
+  settings.ImageName = AppendToBaseName(settings.ImageName, suffix);
+}
+
+void IncrementVersion(UserValues& user) {
+  if (user.Version < std::numeric_limits<int>::max()) ++user.Version;
+}
+
+bool WriteTextFile(std::string_view path, std::string_view text) {
+  host::FileWriter file(path);
+  if (!file.IsOpen()) return false;
+  file.Write(text);
+  return file.Close();
+}
+
+bool WriteFileOfFrames(std::string_view path, std::string_view base, FrameRange frames) {
+  std::string text;
+  for (int i = frames.First; i <= frames.Last; ++i) {
+    text += "ReadArchive \"" + RibPath(FrameFileName(base, i)) + "\"\n";
+  }
+  if (WriteTextFile(path, text)) return true;
+  RhinoApp().Print("Unable to write rib file for all frames.\n");
+  return false;
+}
+
+}  // namespace orv

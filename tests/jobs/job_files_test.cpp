@@ -1,0 +1,78 @@
+#include "jobs/job_files.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "host/system/text.h"
+#include "support/temp_folder.h"
+
+namespace orv {
+namespace {
+
+TEST(JobFiles, ASuffixGoesBehindTheBaseName) {
+  EXPECT_EQ(AppendToBaseName("C:\\t\\a.rib", "_v7"), "C:\\t\\a_v7.rib");
+  EXPECT_EQ(AppendToBaseName("x.tif", "_v7"), "x_v7.tif");
+  EXPECT_EQ(AppendToBaseName("/tmp/v1.2/scene", "_0000"), "/tmp/v1.2/scene_0000");
+  EXPECT_EQ(AppendToBaseName("/tmp/a.b.rib", "_px"), "/tmp/a.b_px.rib");
+  EXPECT_EQ(AppendToBaseName("", "_v1"), "_v1");
+  EXPECT_EQ(AppendToBaseName("mein bäld.rib", "_v1"), "mein bäld_v1.rib");
+}
+
+TEST(JobFiles, TheExtensionIsTakenOffTheFirstCharacters) {
+  EXPECT_EQ(PathWithoutExtension("C:\\t.x\\a.rib", 256), "C:\\t.x\\a");
+  EXPECT_EQ(PathWithoutExtension("/t.x/a", 256), "/t.x/a");
+  EXPECT_EQ(PathWithoutExtension("", 256), "");
+  EXPECT_EQ(PathWithoutExtension("abcdef.rib", 8), "abcdef");
+}
+
+TEST(JobFiles, CharactersAreNotCutInHalf) {
+  std::string name;
+  for (int i = 0; i < 300; ++i) name += "ä";
+  const std::string cut = PathWithoutExtension(name + ".rib", kMostBaseCharacters);
+  EXPECT_EQ(cut.size(), 512U);
+  EXPECT_EQ(host::CodePointCount(cut), 256U);
+}
+
+TEST(JobFiles, FramesHaveFourDigitsOrMore) {
+  EXPECT_EQ(FrameFileName("/t/a", 0), "/t/a_0000.rib");
+  EXPECT_EQ(FrameFileName("/t/a", 29), "/t/a_0029.rib");
+  EXPECT_EQ(FrameFileName("a", 12345), "a_12345.rib");
+}
+
+TEST(JobFiles, TheVersionGoesIntoSceneAndImage) {
+  UserValues user;
+  user.Version = 7;
+  RenderSettings settings;
+  settings.RibName = "C:\\t\\a.rib";
+  settings.ImageName = "x.tif";
+  ApplyVersionSuffix(user, settings);
+  EXPECT_EQ(settings.RibName, "C:\\t\\a.rib");
+  EXPECT_EQ(settings.ImageName, "x.tif");
+  user.UseVersion = true;
+  ApplyVersionSuffix(user, settings);
+  EXPECT_EQ(settings.RibName, "C:\\t\\a_v7.rib");
+  EXPECT_EQ(settings.ImageName, "x_v7.tif");
+  EXPECT_EQ(user.Version, 7);
+}
+
+TEST(JobFiles, TheGreatestVersionStays) {
+  UserValues user;
+  user.Version = std::numeric_limits<int>::max();
+  IncrementVersion(user);
+  EXPECT_EQ(user.Version, std::numeric_limits<int>::max());
+}
+
+TEST(JobFiles, ATextThatCannotBeWrittenIsNoticed) {
+  const TempFolder folder;
+  EXPECT_TRUE(WriteTextFile(folder.File("a.rib"), "a\n"));
+  EXPECT_EQ(FileContent(folder.File("a.rib")), "a\n");
+  EXPECT_TRUE(WriteTextFile(folder.File("a.rib"), ""));
+  EXPECT_EQ(FileContent(folder.File("a.rib")), "");
+  EXPECT_FALSE(WriteTextFile(folder.File("none/a.rib"), "a\n"));
+  EXPECT_FALSE(WriteTextFile(folder.Path().string(), "a\n"));
+  EXPECT_FALSE(WriteTextFile("/dev/full", "a\n"));
+}
+
+}  // namespace
+}  // namespace orv
