@@ -94,6 +94,31 @@ TEST_F(BlockTest, EachObjectOfABlockIsAnArchive) {
   EXPECT_THAT(blocks_.InOrder(), SizeIs(3));
 }
 
+TEST_F(BlockTest, EachPieceNamesTheMapsOfItsObject) {
+  settings_.BakeEnable = settings_.BakeUseMap1 = true;
+  settings_.ImageName = "map.png";
+  settings_.RenderMesh = 0;
+  settings_.Outline = true;
+  settings_.ToonId = 2;
+  model_.m_group_table = {{.m_id = {}, .m_name = "Floor", .m_index = 0}};
+  ONX_ModelObject tile = SquareSurface();
+  tile.m_attributes.m_group = {0};
+  const ON_UUID block = AddBlock(model_, "Tile", {std::move(tile)});
+  Place(block);
+  Place(block);
+  const std::string text = Walk();
+  const std::string id = doc_.Objects()[0]->Attributes().m_uuid.ToString();
+  for (const char* number : {"100000", "100001"}) {
+    EXPECT_THAT(
+        text, HasSubstr("  AttributeBegin\n    Attribute \"toon\" \"id\" [" + std::string(number) +
+                        "]\n    Attribute \"bake\" \"string bakemaps\" "
+                        "[\"map_" +
+                        id +
+                        ".png\"]\n"
+                        "    Attribute \"grouping\" \"string membership\" \"+Floor\"\n"));
+  }
+}
+
 TEST_F(BlockTest, AFurtherPieceHasToonIdAndGroupsAndNoAttributes) {
   settings_.Outline = true;
   settings_.ToonId = 2;
