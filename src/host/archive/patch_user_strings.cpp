@@ -1,5 +1,6 @@
 #include "host/archive/chunk_scope.h"
 #include "host/archive/class_wrapper.h"
+#include "host/archive/file_layout.h"
 #include "host/archive/record_patches.h"
 
 namespace host {
@@ -41,6 +42,27 @@ bool PatchUserStrings(DocumentPatch& patch, const ON_UserStringList& before,
   }
   if (!bytes.empty()) patch.ReplaceChunks(end, 0, std::move(bytes));
   return true;
+}
+
+bool HoldsOnlyUserStrings(DocumentPatch& patch) {
+  ON_BinaryArchive& archive = patch.Archive();
+  const std::uint64_t start = archive.CurrentPosition();
+  std::uint32_t typecode = 0;
+  std::int64_t value = 0;
+  bool only = archive.BeginRead3dmChunk(&typecode, &value);
+  if (!only) return false;
+  const int depth = archive.ChunkDepth();
+  only = ReadChunks(archive,
+                    [&](const Record& item) {
+                      only = item.typecode == TCODE_OPENNURBS_CLASS_END ||
+                             (item.typecode == TCODE_OPENNURBS_CLASS_USERDATA &&
+                              HoldsUserStrings(archive));
+                      return only;
+                    }) &&
+         only;
+  archive.EndRead3dmChunksTo(depth - 1);
+  patch.Seek(start);
+  return only;
 }
 
 bool BeginPatchClass(DocumentPatch& patch) {
