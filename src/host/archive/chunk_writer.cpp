@@ -43,7 +43,7 @@ void WriteUserStrings(ON_BinaryArchive& archive, const ON_UserStringList& string
   constexpr ON_UUID kApplicationId = "17b3ecda-17ba-4e45-9e67-a2b8d9be520d"_uuid;
   if (strings.IsEmpty()) return;
   const int version = archive.Archive3dmVersion();
-  const int minor = version < 4 ? 0 : version < 50 ? 1 : 2;
+  const int minor = version < 50 ? 1 : 2;
   const ChunkWriter item(archive, TCODE_OPENNURBS_CLASS_USERDATA);
   archive.Write3dmChunkVersion(2, minor);
   {

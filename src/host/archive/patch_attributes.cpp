@@ -58,7 +58,8 @@ bool SkipItem(DocumentPatch& patch, ItemForm form) {
   return false;
 }
 
-// The items that differ take the place of their old forms, or come in between in their order.
+// The items that differ take the place of their old forms, or come in between in their order. One
+// that has its default now goes.
 bool PatchTagged(DocumentPatch& patch, const ON_3dmObjectAttributes& before,
                  const ON_3dmObjectAttributes& now) {
   ON_BinaryArchive& archive = patch.Archive();
@@ -66,6 +67,11 @@ bool PatchTagged(DocumentPatch& patch, const ON_3dmObjectAttributes& before,
     return false;
   }
   const std::vector<AttributeItem> items = DifferingItems(now, before);
+  const std::vector<AttributeItem> stored = DifferingItems(now, ON_3dmObjectAttributes());
+  const auto isDefault = [&stored](std::uint8_t tag) {
+    return std::none_of(stored.begin(), stored.end(),
+                        [tag](const AttributeItem& item) { return item.tag == tag; });
+  };
   auto item = items.begin();
   std::uint8_t tag = 0;
   for (;;) {
@@ -76,10 +82,10 @@ bool PatchTagged(DocumentPatch& patch, const ON_3dmObjectAttributes& before,
       patch.Replace(at, 0, static_cast<char>(item->tag) + item->bytes);
     }
     if (isEnd) return true;
-    const std::uint64_t value = archive.CurrentPosition();
     if (!SkipItem(patch, kItemForms[tag])) return false;
     if (item == items.end() || item->tag != tag) continue;
-    patch.Replace(value, archive.CurrentPosition() - value, item->bytes);
+    patch.Replace(at, archive.CurrentPosition() - at,
+                  isDefault(tag) ? std::string() : static_cast<char>(tag) + item->bytes);
     ++item;
   }
 }
@@ -148,6 +154,10 @@ bool PatchAttributes(DocumentPatch& patch, const ON_3dmObjectAttributes& before,
   return major == 1 ? PatchFixed(patch, minor, before, now) : PatchTagged(patch, before, now);
 }
 
+bool AreRemoved(const ON_UserStringList& before, const ON_UserStringList& now) {
+  return now.IsEmpty() && !before.IsEmpty();
+}
+
 // What the record has no chunk for yet.
 std::string MissingChunks(const DocumentPatch& patch, const AttributeTypecodes& typecodes,
                           const ON_3dmObjectAttributes& before, const ON_3dmObjectAttributes& now,
@@ -173,6 +183,15 @@ bool PatchAttributeChunks(DocumentPatch& patch, const AttributeTypecodes& typeco
   bool hasAttributes = false, hasUserData = false;
   std::uint64_t end = archive.CurrentPosition();
   while (archive.BytesLeft() > 0) {
+    const bool isUserData = archive.PeekAt3dmChunkType() == typecodes.user_data;
+    if (isUserData && !hasUserData && AreRemoved(before.m_user_strings, now.m_user_strings) &&
+        HoldsOnlyUserStrings(patch)) {
+      hasUserData = true;
+      const std::uint64_t start = archive.CurrentPosition();
+      if (!patch.SkipChunk()) return false;
+      patch.ReplaceChunks(start, archive.CurrentPosition() - start, {});
+      continue;
+    }
     const std::uint32_t typecode = patch.BeginChunk();
     if (typecode == 0) return false;
     bool ok = true;

@@ -121,9 +121,12 @@ bool PatchNewMaterial(DocumentPatch& patch, const ON_Material& before, const ON_
 
 bool PatchMiddleMaterial(DocumentPatch& patch, const ON_Material& before, const ON_Material& now) {
   constexpr std::uint64_t kVersionSize = 8, kIdAndIndexSize = 16 + 4;
+  // What stands there may be read as the diffuse colour: it is written when that changes.
+  ON_Material stored = before;
+  if (before.m_diffuse != now.m_diffuse) stored.m_transparent = ON_UNSET_COLOR;
   if (!patch.BeginChunkOf(TCODE_ANONYMOUS_CHUNK) ||
       !patch.Archive().Skip(kVersionSize + kIdAndIndexSize) ||
-      !patch.String(before.m_name, now.m_name) || !PatchAppearance(patch, before, now)) {
+      !patch.String(before.m_name, now.m_name) || !PatchAppearance(patch, stored, now)) {
     return false;
   }
   patch.EndChunk();

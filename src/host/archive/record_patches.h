@@ -32,6 +32,8 @@ struct AttributeTypecodes {
 // User strings among the items of user data that are left of the open chunk.
 [[nodiscard]] bool PatchUserStrings(DocumentPatch& patch, const ON_UserStringList& before,
                                     const ON_UserStringList& now);
+// True when the next chunk holds items of user data, and those are user strings and nothing else.
+[[nodiscard]] bool HoldsOnlyUserStrings(DocumentPatch& patch);
 // Opens the class wrapper that is the next chunk, and its data. Then the caller patches the data
 // and calls EndPatchClass.
 [[nodiscard]] bool BeginPatchClass(DocumentPatch& patch);
