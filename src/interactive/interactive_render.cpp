@@ -63,26 +63,30 @@ InteractiveRender::~InteractiveRender() = default;
 bool InteractiveRender::StartIprSession(std::string_view arguments,
                                         const IprConnection& connection) {
   EndIprSession();
-  session_ = OpenIprSession(arguments, connection);
-  if (session_ != nullptr) Follow(true);
-  return session_ != nullptr;
+  Follow(OpenIprSession(arguments, connection));
+  return IsRunning();
+}
+
+void InteractiveRender::Follow(std::unique_ptr<IprSession> session) {
+  session_ = std::move(session);
+  if (session_ != nullptr) Listen(true);
 }
 
 void InteractiveRender::EndIprSession() {
   if (session_ == nullptr) return;
-  Follow(false);
+  Listen(false);
   session_->AppendText("IrEnd");
   session_->SendFrame();
   session_.reset();
 }
 
-void InteractiveRender::Follow(bool follow) {
-  if (follow && watcher_ == nullptr) {
+void InteractiveRender::Listen(bool listen) {
+  if (listen && watcher_ == nullptr) {
     watcher_ = std::make_unique<OrvEventWatcher>(*this);
     watcher_->Register();
   }
-  watcher_->Enable(follow);
-  if (follow && user_.IprUpdateView) {
+  watcher_->Enable(listen);
+  if (listen && user_.IprUpdateView) {
     if (conduit_ == nullptr) conduit_ = std::make_unique<COrvConduit>(*this);
     conduit_->Enable();
   } else if (conduit_ != nullptr) {

@@ -46,9 +46,11 @@ class InteractiveRender {
   void SetScene(const Scene& scene) { scene_ = scene; }
   const ON_UUID& ViewportId() const { return scene_.ViewportId; }
 
-  // Ends the session that stands, starts the renderer with the arguments and follows the document's
-  // lights and materials from then on, and the view when the user wants that. False when the
-  // renderer can't be had; there is no session then.
+  // Follows the document's lights and materials for this session from now on, and the view when the
+  // user wants that. There must be no other session; null does nothing.
+  void Follow(std::unique_ptr<IprSession> session);
+  // Ends the session that stands, starts the renderer with the arguments and follows the document
+  // for it. False when the renderer can't be had; there is no session then.
   [[nodiscard]] bool StartIprSession(std::string_view arguments,
                                      const IprConnection& connection = {});
   // Tells the renderer to end, and closes the connection.
@@ -73,7 +75,7 @@ class InteractiveRender {
  private:
   // Sends a statement in a frame of its own; an empty one not at all.
   bool SendAlone(std::string_view statement);
-  void Follow(bool follow);
+  void Listen(bool listen);
   // After a frame that was to go out.
   void EndUnless(bool sent);
   double Gamma() const;
