@@ -59,6 +59,14 @@ bool CSceneOutPlugIn::ReadDocument(CRhinoDoc&, ON_BinaryArchive& archive,
   return ReadSettingsChunk(archive, merging, user_strings_);
 }
 
+void CSceneOutPlugIn::AddPagesToObjectPropertiesDialog(Pages& pages) {
+  for (const MakePage& make : object_pages_) pages.push_back(make());
+}
+
+void CSceneOutPlugIn::AddPagesToDocumentPropertiesDialog(Pages& pages) {
+  for (const MakePage& make : document_pages_) pages.push_back(make());
+}
+
 void CSceneOutPlugIn::AddFileType(std::vector<CRhinoFileType>& types) {
   types.push_back({PlugInID(), "Orv RIB Files (*.orib)", "orib"});
 }

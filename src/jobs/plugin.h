@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -22,6 +23,16 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
   template <class Command>
   void AddCommand() {
     commands_.push_back(owned_commands_.emplace_back(std::make_unique<Command>(*this)).get());
+  }
+
+  // Adds a page to the properties of objects or of the document, with the plug-in as its argument.
+  template <class Page>
+  void AddObjectPage() {
+    object_pages_.push_back([this] { return std::make_unique<Page>(*this); });
+  }
+  template <class Page>
+  void AddDocumentPage() {
+    document_pages_.push_back([this] { return std::make_unique<Page>(*this); });
   }
 
   // The settings of the open document.
@@ -62,6 +73,8 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
   bool ReadDocument(CRhinoDoc& doc, ON_BinaryArchive& archive,
                     const CRhinoFileReadOptions& options) override;
 
+  void AddPagesToObjectPropertiesDialog(Pages& pages) override;
+  void AddPagesToDocumentPropertiesDialog(Pages& pages) override;
   void AddFileType(std::vector<CRhinoFileType>& types) override;
   // The host's own export: with default settings, not the document's.
   int WriteFile(std::string_view fileName, CRhinoDoc& doc,
@@ -74,6 +87,9 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
   InteractiveRender live_{user_strings_, user_, textures_};
   std::vector<std::unique_ptr<CRhinoCommand>> owned_commands_;
   std::vector<CRhinoCommand*> commands_;
+  using MakePage = std::function<std::unique_ptr<CRhinoDialogPage>()>;
+  std::vector<MakePage> object_pages_;
+  std::vector<MakePage> document_pages_;
 };
 
 }  // namespace orv

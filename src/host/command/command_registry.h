@@ -26,6 +26,7 @@ class CommandRegistry {
   // Sorted by name.
   const std::vector<CRhinoCommand*>& Commands() const { return commands_; }
 
+  const std::vector<CRhinoFileExportPlugIn*>& PlugIns() const { return plug_ins_; }
   // The plug-in that writes files with this extension (without its point, in any case); null.
   CRhinoFileExportPlugIn* FindExporter(std::string_view extension) const;
 

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "host/command/command.h"
+#include "host/command/dialog_page.h"
 #include "host/document/doc.h"
 #include "host/document/plugin_data.h"
 
@@ -37,6 +39,11 @@ class CRhinoFileExportPlugIn : public CRhinoPlugInDocumentData {
   virtual bool AddToPlugInHelpMenu() const { return false; }
   // 0: handled.
   virtual int OnDisplayPlugInHelp() { return 0; }
+  // Adds the pages for the properties of objects and of the document, in their order; the first
+  // page of the document is the parent of the others. They live no longer than the plug-in.
+  using Pages = std::vector<std::unique_ptr<CRhinoDialogPage>>;
+  virtual void AddPagesToObjectPropertiesDialog(Pages& /*pages*/) {}
+  virtual void AddPagesToDocumentPropertiesDialog(Pages& /*pages*/) {}
   virtual void AddFileType(std::vector<CRhinoFileType>& types) = 0;
   // Writes `doc` to a file of the plug-in's type; 1 on success, 0 on failure.
   virtual int WriteFile(std::string_view file_name, CRhinoDoc& doc,

@@ -6,9 +6,10 @@
 
 #include "host/command/command.h"
 
-namespace orv {
+class CRhinoDoc;
 
-enum class ControlKind {
+// A control of a dialog's page.
+enum class CRhinoControlKind {
   text,         // something to read
   edit,         // a text
   list,         // one of the choices
@@ -21,12 +22,12 @@ enum class ControlKind {
 };
 
 // A control as a front shows it.
-struct ControlState {
+struct CRhinoControl {
   // The name under which the control is always found: a key or a field, as "GiBgMapIntensity".
   std::string Id;
   // What stands beside it: "Intensity:". Several controls of a page may share one.
   std::string Label;
-  ControlKind Kind = ControlKind::text;
+  CRhinoControlKind Kind = CRhinoControlKind::text;
   std::string Value;
   std::vector<std::string> Choices;
   bool IsShown = true;
@@ -34,33 +35,31 @@ struct ControlState {
 };
 
 // A page of options apart from any toolkit: what a front shows, and what its user can do.
-class Page {
+class CRhinoDialogPage {
  public:
-  virtual ~Page() = default;
-  Page(const Page&) = delete;
-  Page& operator=(const Page&) = delete;
+  virtual ~CRhinoDialogPage() = default;
+  CRhinoDialogPage(const CRhinoDialogPage&) = delete;
+  CRhinoDialogPage& operator=(const CRhinoDialogPage&) = delete;
 
   // "Orv Main".
   virtual std::string_view Title() const = 0;
   // Whether there is anything to show: a page of objects needs some in the selection.
-  virtual bool IsOffered() const = 0;
+  virtual bool IsOffered(CRhinoDoc& doc) const = 0;
   // Reads what the page shows.
-  virtual void Open() = 0;
-  virtual std::vector<ControlState> Controls() const = 0;
-  // The user gives a control a value, as ControlKind spells it; a control is named by its id or its
+  virtual void Open(CRhinoDoc& doc) = 0;
+  virtual std::vector<CRhinoControl> Controls() const = 0;
+  // The user gives a control a value, as its kind spells it; a control is named by its id or its
   // label, in any case, of which one that is shown is meant first. Points and files that a button
   // wants are asked for in the context when the value doesn't tell them. What was wrong with it;
   // empty when nothing was.
   virtual std::string Change(CRhinoCommandContext& context, std::string_view control,
                              std::string_view value) = 0;
   // Stores what the page shows, where a change doesn't do so at once.
-  virtual void Accept() = 0;
+  virtual void Accept(CRhinoDoc& doc) = 0;
 
  protected:
-  Page() = default;
+  CRhinoDialogPage() = default;
 };
 
-// The control of a name, as Page::Change takes it; -1 when there is none.
-int FindControl(const std::vector<ControlState>& controls, std::string_view name);
-
-}  // namespace orv
+// The control of a name, as CRhinoDialogPage::Change takes it; -1 when there is none.
+int FindControl(const std::vector<CRhinoControl>& controls, std::string_view name);

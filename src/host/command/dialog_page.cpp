@@ -1,13 +1,11 @@
-#include "pages/page.h"
+#include "host/command/dialog_page.h"
 
 #include "host/system/text.h"
 
-namespace orv {
-
-int FindControl(const std::vector<ControlState>& controls, std::string_view name) {
+int FindControl(const std::vector<CRhinoControl>& controls, std::string_view name) {
   int hidden = -1;
   for (int i = 0; i < static_cast<int>(controls.size()); ++i) {
-    const ControlState& control = controls[static_cast<std::size_t>(i)];
+    const CRhinoControl& control = controls[static_cast<std::size_t>(i)];
     if (host::EqualNoCase(control.Id, name)) return i;
     if (!host::EqualNoCase(control.Label, name)) continue;
     if (control.IsShown) return i;
@@ -15,5 +13,3 @@ int FindControl(const std::vector<ControlState>& controls, std::string_view name
   }
   return hidden;
 }
-
-}  // namespace orv
