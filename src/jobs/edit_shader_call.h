@@ -16,6 +16,6 @@ class CSceneOutPlugIn;
 // and out; points are picked on `object`, which may be null. Success when it was accepted. Any
 // other result, as EditOptions gives it, leaves `call` as it came.
 CommandResult EditShaderCall(CRhinoCommandContext& context, CSceneOutPlugIn& plugIn,
-                             std::string_view kind, std::string& call, CRhinoObject* object);
+                             std::string_view kind, std::string& call, const CRhinoObject* object);
 
 }  // namespace orv

@@ -6,12 +6,7 @@
 namespace orv {
 
 // The dialog for the map.
-inline constexpr FilePicker kEnvironmentMapPicker{
-    "Choose Environment Map",
-    "All files;*.*;Orv Texture Maps (*.tx);*.tx;Portable Network Graphics (*.png);*.png;"
-    "JPEG Interchange Format (*.jpg);*.jpg;Tagged Image File Format (*.tif);*.tif;"
-    "Radiance HDR (*.hdr);*.hdr; Photoshop File Format (*.psd);*.psd;"
-    "SGI Image Format (*.sgi);*.sgi;IES Light Profiles (*.ies);*.ies;"};
+inline constexpr FilePicker kEnvironmentMapPicker{"Choose Environment Map", kImageFilter};
 
 // OrvEnvironmentMap: makes one map the background of the gather, of reflections and of the image.
 class CCommandOrvEnvironmentMap : public COrvCommand {

@@ -18,6 +18,13 @@ struct FilePicker {
   std::string_view Filter;
 };
 
+// The images that maps are made of.
+inline constexpr std::string_view kImageFilter =
+    "All files;*.*;Orv Texture Maps (*.tx);*.tx;Portable Network Graphics (*.png);*.png;"
+    "JPEG Interchange Format (*.jpg);*.jpg;Tagged Image File Format (*.tif);*.tif;"
+    "Radiance HDR (*.hdr);*.hdr; Photoshop File Format (*.psd);*.psd;"
+    "SGI Image Format (*.sgi);*.sgi;IES Light Profiles (*.ies);*.ies;";
+
 // Asks for an existing file. `folder` is where the dialog starts (the folder of `file` when it is
 // empty), `file` the name that it proposes when there is such a file. True when a file was chosen;
 // `file` is then its name and `folder` its folder. False leaves both as they are.

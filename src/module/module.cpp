@@ -2,10 +2,14 @@
 // module's exports.
 
 #include "host/command/plugin_module.h"
+#include "jobs/copy_rhino_map_command.h"
 #include "jobs/environment_map_command.h"
+#include "jobs/material_command.h"
+#include "jobs/object_command.h"
 #include "jobs/option_commands.h"
 #include "jobs/plugin.h"
 #include "jobs/settings_commands.h"
+#include "jobs/surface_command.h"
 #include "jobs/version_increment_command.h"
 #include "jobs/write_archive_command.h"
 
@@ -25,6 +29,10 @@ class Module {
     plug_in_.AddCommand<orv::CCommandOrvEnvironmentMap>();
     plug_in_.AddCommand<orv::CCommandOrvVersionIncrement>();
     plug_in_.AddCommand<orv::CCommandOrvWriteArchive>();
+    plug_in_.AddCommand<orv::CCommandOrvSurface>();
+    plug_in_.AddCommand<orv::CCommandOrvMaterial>();
+    plug_in_.AddCommand<orv::CCommandOrvObject>();
+    plug_in_.AddCommand<orv::CCommandOrvCopyRhinoMap>();
   }
 
  private:

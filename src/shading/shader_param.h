@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "host/geometry/on_color.h"
 
@@ -15,6 +16,11 @@ enum class ParamKind { String = 0, Float = 1, Color = 2 };
 
 // Which fixed list a string parameter offers.
 enum class ParamList { None = 0, Projection = 1, Space = 2 };
+
+inline constexpr std::array<std::string_view, 5> kProjectionWords = {"st", "planar", "box",
+                                                                     "spherical", "cylindrical"};
+inline constexpr std::array<std::string_view, 8> kSpaceWords = {
+    "shader", "world", "object", "current", "camera", "NDC", "screen", "raster"};
 
 // One parameter of a shader while an editor shows it, as a row.
 struct ShaderParam {

@@ -23,18 +23,26 @@ std::string FileIn(std::string folder, std::string_view name) {
   return folder;
 }
 
+// Empty when the variable isn't set; an empty one counts as that.
+std::string Home() {
+  return host::EnvironmentValue("ORVHOME").value_or("");
+}
+
 }  // namespace
 
 std::string ResolveShaderPath(std::string_view name) {
-  // An empty variable is one that isn't set.
-  const std::string home = host::EnvironmentValue("ORVHOME").value_or("");
+  const std::string home = Home();
   if (home.empty()) {
     const std::string path = FileIn("", name);
     return host::FileExists(path) ? path : FileIn(path, "");
   }
-  const std::string folder = HomeFolder(home);
-  const std::string path = FileIn(folder + "usershaders\\", name);
-  return host::FileExists(path) ? path : FileIn(folder + "shaders\\", name);
+  const std::string path = FileIn(HomeFolder(home) + "usershaders\\", name);
+  return host::FileExists(path) ? path : ListedShaderPath(name);
+}
+
+std::string ListedShaderPath(std::string_view name) {
+  const std::string home = Home();
+  return FileIn(home.empty() ? "" : HomeFolder(home) + "shaders\\", name);
 }
 
 }  // namespace orv

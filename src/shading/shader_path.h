@@ -11,4 +11,8 @@ namespace orv {
 // such file.
 std::string ResolveShaderPath(std::string_view name);
 
+// The shader file for a name of the renderer's own list: NAME.slb in the folder shaders of ORVHOME,
+// whether it is there or not. With "\" between folders. Without ORVHOME it is NAME.slb.
+std::string ListedShaderPath(std::string_view name);
+
 }  // namespace orv

@@ -2,9 +2,11 @@
 #include <gmock/gmock.h>
 
 #include <set>
+#include <sstream>
 
 #include "host/command/plugin.h"
 #include "host/command/plugin_module.h"
+#include "support/temp_folder.h"
 
 namespace {
 
@@ -63,8 +65,27 @@ TEST_F(Module, HasItsCommands) {
   }
   EXPECT_THAT(names, ElementsAre("OrvOptions", "OrvTrace", "OrvOutline", "OrvGI", "OrvLoadSettings",
                                  "OrvSaveSettings", "OrvResetSettings", "OrvEnvironmentMap",
-                                 "OrvVersionIncrement", "OrvWriteArchive"));
+                                 "OrvVersionIncrement", "OrvWriteArchive", "OrvSurface",
+                                 "OrvMaterial", "OrvObject", "OrvCopyRhinoMap"));
   EXPECT_EQ(ids.size(), names.size());
+}
+
+TEST_F(Module, TheManualHasARowForEachCommand) {
+  std::istringstream manual(FileContent(ORV_TEST_FOLDER "/../../docs/scripting.md"));
+  std::set<std::string> listed;
+  for (std::string line; std::getline(manual, line);) {
+    if (!line.starts_with("| Command of the plug-in |")) continue;
+    while (std::getline(manual, line) && line.starts_with("|")) {
+      const std::size_t start = line.find('`');
+      if (start == std::string::npos) continue;
+      listed.insert(line.substr(start + 1, line.find('`', start + 1) - start - 1));
+    }
+  }
+  std::set<std::string> commands;
+  for (const CRhinoCommand* command : module_->PlugIn().Commands()) {
+    commands.emplace(command->EnglishCommandName());
+  }
+  EXPECT_EQ(listed, commands);
 }
 
 }  // namespace

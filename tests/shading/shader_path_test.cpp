@@ -84,5 +84,16 @@ TEST_F(ResolveShaderPathTest, TakesAnEmptyVariableAsNone) {
   EXPECT_EQ(ResolveShaderPath("no such shader"), "no such shader.slb.slb");
 }
 
+TEST_F(ResolveShaderPathTest, AListedShaderIsTheRenderersOwn) {
+  {
+    const ScopedEnvironment home("ORVHOME", Home());
+    EXPECT_EQ(ListedShaderPath("Own"), WithBackslashes(Home()) + "shaders\\Own.slb");
+  }
+  for (const std::optional<std::string>& none : {std::optional<std::string>(), {""}}) {
+    const ScopedEnvironment home("ORVHOME", none);
+    EXPECT_EQ(ListedShaderPath("Own"), "Own.slb");
+  }
+}
+
 }  // namespace
 }  // namespace orv
