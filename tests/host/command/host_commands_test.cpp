@@ -193,9 +193,10 @@ TEST_F(HostCommandsTest, EveryCommandTellsWhatItDoesAndAsksFor) {
     EXPECT_TRUE(command->Description().ends_with('.')) << names.back();
     EXPECT_TRUE(command->Usage().ends_with('\n')) << names.back();
   }
-  EXPECT_THAT(names, ElementsAre("DocumentInfo", "Exit", "Export", "Help", "Hide", "Import", "Open",
-                                 "Redo", "SelAll", "SelLayer", "SelName", "SelNone", "SelType",
-                                 "SetUserText", "SetView", "Show", "Undo", "What"));
+  EXPECT_THAT(
+      names, ElementsAre("DocumentInfo", "Exit", "Export", "Help", "Hide", "Import", "Open", "Redo",
+                         "Save", "SaveAs", "SelAll", "SelLayer", "SelName", "SelNone", "SelType",
+                         "SetUserText", "SetView", "Show", "Undo", "What"));
   std::sort(ids.begin(), ids.end());
   EXPECT_EQ(std::adjacent_find(ids.begin(), ids.end()), ids.end());
 }
