@@ -313,6 +313,32 @@ TEST_F(SceneCommands, WithoutVersionsNothingIsCounted) {
   EXPECT_EQ(plugIn_.User().Version, 8);
 }
 
+TEST_F(SceneCommands, FramesThatAreExportedOneByOneShareAVersion) {
+  plugIn_.User().UseVersion = true;
+  plugIn_.User().Version = 7;
+  for (const char* frame : {"Frame=0", "Frame=12"}) {
+    EXPECT_EQ(Run<CCommandSceneOut>(Form::scripted, {frame, "Enter"}), CommandResult::success);
+  }
+  EXPECT_TRUE(Exists("a_v7_0000.rib"));
+  EXPECT_TRUE(Exists("a_v7_0012.rib"));
+  EXPECT_EQ(plugIn_.User().Version, 7);
+  EXPECT_EQ(Run<CCommandOrvRender>(Form::scripted, {"Frame=3", "Enter"}), CommandResult::success);
+  EXPECT_TRUE(Exists("a_v7_0003.rib"));
+  EXPECT_EQ(plugIn_.User().Version, 8) << "a render counts in any case";
+  EXPECT_EQ(OnlyRun().command.back(), folder_.File("a_v7.rib"));
+}
+
+TEST_F(SceneCommands, OptionsHoldForTheJobAlone) {
+  EXPECT_EQ(
+      Run<CCommandOrvRender>(Form::scripted, {"ImageWidth=320", "ImageHeight=200", "LowPriority=No",
+                                              "RibName=" + folder_.File("b.rib"), "Enter"}),
+      CommandResult::success);
+  EXPECT_THAT(messages_, EndsWith("Rendering  320x200 with 1 thread at normal priority\n"));
+  EXPECT_EQ(OnlyRun().command.back(), folder_.File("b.rib"));
+  EXPECT_EQ(Setting("ImageWidth"), "640");
+  EXPECT_EQ(Setting("RibName"), folder_.File("a.rib"));
+}
+
 TEST_F(SceneCommands, ASequenceHasTheVersionInAllItsNames) {
   plugIn_.User().UseVersion = true;
   plugIn_.User().Version = 12;
