@@ -53,7 +53,8 @@ TEST_F(PromptTest, CommandsRunAndExitEnds) {
 TEST_F(PromptTest, UnknownCommandIsToldAndTheProgramGoesOn) {
   Start();
   EXPECT_THAT(Enter("Nonsense SelAll"),
-              AllOf(HasSubstr("Unknown command 'Nonsense'.\n"), Not(HasSubstr("selection"))));
+              AllOf(HasSubstr("Unknown command 'Nonsense'; Help lists the commands.\n"),
+                    Not(HasSubstr("selection"))));
   EXPECT_THAT(Enter("\"x"), HasSubstr("A double quote is not closed.\n"));
   EXPECT_THAT(Enter(""), Not(HasSubstr("Unknown")));
   Exit();
