@@ -24,6 +24,12 @@ std::vector<std::string> SplitCommandLine(std::string_view line) {
   return words;
 }
 
+void UseNativeNames(std::vector<std::string>& words) {
+  for (std::string& word : words) {
+    if (word.find('\\') != std::string::npos && FileExists(word)) word = NativePath(word).string();
+  }
+}
+
 bool IsBatchFile(std::string_view path) {
   return EqualNoCase(SplitPath(path).Extension, ".bat") && FileExists(path);
 }
