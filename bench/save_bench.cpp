@@ -7,7 +7,7 @@
 
 #include "bench_documents.h"
 #include "host/document/app.h"
-#include "host/system/file.h"
+#include "host/system/file_replacement.h"
 #include "ratios.h"
 #include "support/model_writer.h"
 

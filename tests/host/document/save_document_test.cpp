@@ -59,7 +59,8 @@ class SaveDocumentTest : public testing::Test {
     brick.m_id = TestId(10);
     brick.m_textures.emplace_back().m_image_file = "C:\\bricks.png";
     for (unsigned i = 0; i < 3; ++i) {
-      model.m_object_table.push_back(TriangleObject(TestId(20 + i), {5 * static_cast<float>(i), 0, 0}));
+      model.m_object_table.push_back(
+          TriangleObject(TestId(20 + i), {5 * static_cast<float>(i), 0, 0}));
     }
     model.m_object_table[1].m_attributes.SetUserString("Old", "text");
     model.m_light_table = {PointLight(TestId(30))};
@@ -300,6 +301,23 @@ TEST_F(SaveDocumentTest, DataOfOtherPlugInsStays) {
   EXPECT_EQ(data[0].m_bytes, "anything 76");
   EXPECT_EQ(data[1].m_plugin_id, TestId(77));
   EXPECT_EQ(data[2].m_bytes, "anything 78");
+  app_.RemovePlugInData(plugIn);
+}
+
+TEST_F(SaveDocumentTest, DataThatThePlugInCanNotReadStays) {
+  ONX_Model model = Model(50);
+  ONX_PlugInData& data = model.m_userdata_table.emplace_back();
+  data.m_plugin_id = TestId(77);
+  data.m_archive_version = 50;
+  data.m_opennurbs_version = 201008125;
+  data.m_bytes = "of a later version";
+  NotePlugIn plugIn;
+  app_.AddPlugInData(plugIn);
+  WriteFileContent(Path(), original_ = WriteModel(model));
+  ASSERT_TRUE(app_.OpenDocument(Path()));
+  EXPECT_THAT(told_, HasSubstr("could not be read"));
+  ASSERT_TRUE(Save());
+  EXPECT_TRUE(IsOriginal());
   app_.RemovePlugInData(plugIn);
 }
 
