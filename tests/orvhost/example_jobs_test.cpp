@@ -41,7 +41,7 @@ TEST_F(ExampleJobs, Still) {
   const ProcessResult result = RunJob("still");
   EXPECT_THAT(result.out, HasSubstr("Rendering  1200x800 with 1 thread at low priority\n"));
   EXPECT_THAT(Started(), ElementsAre("orv.exe", "-p", "1", "-pri", "-1", "still.rib"));
-  EXPECT_THAT(Content("still.rib"), HasSubstr("Display \"still.png\" \"file\""));
+  EXPECT_THAT(Content("still.rib"), HasSubstr("Display \"+still.png\" \"file\""));
 }
 
 TEST_F(ExampleJobs, Turntable) {

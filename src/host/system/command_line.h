@@ -18,7 +18,7 @@ void UseNativeNames(std::vector<std::string>& words);
 
 // True for an existing file whose name ends in ".bat".
 bool IsBatchFile(std::string_view path);
-// The command lines of a batch file, taken apart, without the empty ones. Nothing when it can't be
+// The command lines of a batch file, taken apart, with native names and without the empty ones. Nothing when it can't be
 // read.
 std::optional<std::vector<std::vector<std::string>>> ReadBatchFile(std::string_view path);
 
