@@ -2,6 +2,7 @@
 #include <string>
 
 #include "host/system/file.h"
+#include "host/system/file_replacement.h"
 #include "host/system/path.h"
 #include "support/camera_paths.h"
 #include "support/model_writer.h"
