@@ -15,7 +15,7 @@
 #include "host/geometry/on_polyline_curve.h"
 #include "host/geometry/on_rev_surface.h"
 #include "host/geometry/on_sum_surface.h"
-#include "host/system/file.h"
+#include "host/system/file_replacement.h"
 #include "host/system/path.h"
 #include "support/brep_shapes.h"
 #include "support/model_writer.h"

@@ -1,7 +1,7 @@
 #include <cstdio>
 #include <string>
 
-#include "host/system/file.h"
+#include "host/system/file_replacement.h"
 #include "host/system/path.h"
 #include "support/shader_writer.h"
 
