@@ -94,6 +94,38 @@ TEST_F(SaveTest, SettingsOfTheDocumentAreSavedAndComeBack) {
   EXPECT_EQ(Content("modell.3dm"), after);
 }
 
+TEST_F(SaveTest, LightsMaterialsAndNamesOfScriptsAreSaved) {
+  std::filesystem::copy_file(ORV_TEST_FOLDER "/../../examples/still_life.3dm",
+                             folder_.File("a.3dm"));
+  EXPECT_EQ(Run({"a.3dm", "-c",
+                 "AddLight Name=Lamp Color=255,0,0 Point 1,2,3 "
+                 "AddMaterial Color=255,200,0 Gold "
+                 "SelName Vase SetObjectMaterial Gold SetObjectName Vessel Save"})
+                .status,
+            0);
+  const ProcessResult kept = Run({"a.3dm", "-c", "SelName Lamp What SelNone SelName Vessel What"});
+  EXPECT_THAT(kept.out, HasSubstr("light \"Lamp\""));
+  EXPECT_THAT(kept.out, HasSubstr("material: \"Gold\", of the object"));
+  EXPECT_EQ(Run({"a.3dm", "-c", "SelNone SelName Lamp DeleteLight Save"}).status, 0);
+  const ProcessResult gone = Run({"a.3dm", "-c", "SelName Lamp DocumentInfo"});
+  EXPECT_THAT(gone.out, HasSubstr("Objects: 1 light, 15 meshes, 1 point\n"));
+}
+
+TEST_F(SaveTest, ALightThatIsDeletedSavedAndBroughtBackIsSavedAgain) {
+  std::filesystem::copy_file(ORV_TEST_FOLDER "/../../examples/still_life.3dm",
+                             folder_.File("a.3dm"));
+  EXPECT_EQ(Run({"a.3dm", "-c", "SelType Light DeleteLight Save Undo Save"}).status, 0);
+  EXPECT_THAT(Run({"a.3dm", "-c", "DocumentInfo"}).out,
+              HasSubstr("Objects: 1 light, 15 meshes, 1 point\n"));
+  EXPECT_EQ(Run({"a.3dm", "-c",
+                 "AddLight Name=Lamp Point 1,2,3 Save Undo Save Redo Save SelNone SelName Lamp "
+                 "DeleteLight Save"})
+                .status,
+            0);
+  EXPECT_THAT(Run({"a.3dm", "-c", "DocumentInfo"}).out,
+              HasSubstr("Objects: 1 light, 15 meshes, 1 point\n"));
+}
+
 TEST_F(SaveTest, WithoutSettingsThereIsNoDataOfThePlugIn) {
   WriteMeshes("modell.3dm");
   const std::string before = Content("modell.3dm");
