@@ -18,11 +18,12 @@
 #include "jobs/surface_command.h"
 #include "jobs/version_increment_command.h"
 #include "jobs/write_archive_command.h"
+#include "pages/document_pages.h"
 #include "side_export/export_vrml_command.h"
 
 namespace {
 
-// The one plug-in object, with all its commands.
+// The one plug-in object, with all its commands and pages.
 class Module {
  public:
   Module() {
@@ -51,6 +52,17 @@ class Module {
     plug_in_.AddCommand<orv::CCommandOrvObject>();
     plug_in_.AddCommand<orv::CCommandOrvWriteArchive>();
     plug_in_.AddCommand<orv::CCommandOrvCopyRhinoMap>();
+
+    plug_in_.AddDocumentPage<orv::CDocPageDlg>();
+    plug_in_.AddDocumentPage<orv::CDisplayDlg>();
+    plug_in_.AddDocumentPage<orv::CTraceDlg>();
+    plug_in_.AddDocumentPage<orv::CGiDlg>();
+    plug_in_.AddDocumentPage<orv::COutlineDlg>();
+    plug_in_.AddDocumentPage<orv::CAnimDlg>();
+    plug_in_.AddDocumentPage<orv::AdvancedDlg>();
+    plug_in_.AddDocumentPage<orv::CTweakDlg>();
+    plug_in_.AddDocumentPage<orv::CBakeDlg>();
+    plug_in_.AddDocumentPage<orv::CGenDlg>();
   }
 
  private:
