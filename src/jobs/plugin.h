@@ -11,6 +11,7 @@
 #include "interactive/interactive_render.h"
 #include "settings/render_settings.h"
 #include "settings/user_values.h"
+#include "shading/material_attributes.h"
 #include "shading/texture_converter.h"
 
 namespace orv {
@@ -44,6 +45,9 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
 
   // Converts the images of exports, into the user's folder for textures.
   TextureConverter& Textures();
+
+  // The material that was copied last; all material pages share it.
+  MaterialAttributes& MaterialClipboard() { return material_clipboard_; }
 
   // The live connection to an interactive renderer.
   InteractiveRender& Live() { return live_; }
@@ -84,6 +88,7 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
   ON_UserStringList user_strings_;
   UserValues user_;
   TextureConverter textures_;
+  MaterialAttributes material_clipboard_;
   InteractiveRender live_{user_strings_, user_, textures_};
   std::vector<std::unique_ptr<CRhinoCommand>> owned_commands_;
   std::vector<CRhinoCommand*> commands_;

@@ -18,6 +18,9 @@
 #include "jobs/surface_command.h"
 #include "jobs/version_increment_command.h"
 #include "jobs/write_archive_command.h"
+#include "pages/light_page.h"
+#include "pages/material_page.h"
+#include "pages/object_page.h"
 #include "side_export/export_vrml_command.h"
 
 namespace {
@@ -51,6 +54,9 @@ class Module {
     plug_in_.AddCommand<orv::CCommandOrvObject>();
     plug_in_.AddCommand<orv::CCommandOrvWriteArchive>();
     plug_in_.AddCommand<orv::CCommandOrvCopyRhinoMap>();
+    plug_in_.AddObjectPage<orv::CLightPropPageDlg>();
+    plug_in_.AddObjectPage<orv::CMatDlg>();
+    plug_in_.AddObjectPage<orv::CObjectDlg>();
   }
 
  private:
