@@ -201,7 +201,7 @@ void AddSlots(const MaterialEditor& shown, Controls& controls) {
                           return ChooseListed(editor, context.m_doc, i, value);
                         }});
     AddButton(
-        FileButtonId(slot.Fields.Kind), "..",
+        "Choose" + std::string(slot.Fields.Kind), "..",
         [i](MaterialEditor& editor, CRhinoCommandContext& context, std::string_view value) {
           editor.ChooseFile(context, i, value);
         },

@@ -28,22 +28,21 @@ int ControlToChange(const std::vector<CRhinoControl>& controls, std::string_view
   return -1;
 }
 
-std::string FileButtonId(std::string_view id) {
-  return "Choose" + std::string(id);
-}
-
-CRhinoControl FileButton(std::string_view id) {
-  return MakeControl(FileButtonId(id), "..", CRhinoControlKind::button);
+bool AskForPath(CRhinoCommandContext& context, const FileQuestion& question, UserValues& user,
+                std::string& file) {
+  const FilePicker& picker = question.Picker;
+  if (!context.IsInteractive()) {
+    return AskForFileName(context, picker.Title, file) == CommandResult::success;
+  }
+  const auto pick = question.Shown == FileQuestion::Dialog::open ? PickFileToOpen : PickFileToSave;
+  return pick(context, picker, user.*question.Folder, file);
 }
 
 bool ChooseFile(CRhinoCommandContext& context, const FileQuestion& question, UserValues& user,
                 std::string_view value, std::string& file) {
-  if (!value.empty()) {
-    file = value;
-    return true;
-  }
-  const auto pick = question.Shown == FileQuestion::Dialog::open ? PickFileToOpen : PickFileToSave;
-  return pick(context, question.Picker, user.*question.Folder, file);
+  if (value.empty() || value == kAskForFile) return AskForPath(context, question, user, file);
+  file = value;
+  return true;
 }
 
 }  // namespace orv

@@ -25,13 +25,14 @@ CRhinoControl MakeControl(std::string_view id, std::string_view label, CRhinoCon
 int ControlToChange(const std::vector<CRhinoControl>& controls, std::string_view name,
                     std::string& problem);
 
-// The ".." button behind a control.
-CRhinoControl FileButton(std::string_view id);
-// Its id: "ChooseTexture" behind "Texture".
-std::string FileButtonId(std::string_view id);
+// The value of a path that is to be asked for.
+inline constexpr std::string_view kAskForFile = "...";
 
-// The file that a ".." button stands for: `value` or, when that is empty, the one that is chosen in
-// a dialog that proposes `file`. False when the dialog was cancelled.
+// Asks for a file, with a dialog that proposes `file` or in a script with a prompt. False when none
+// was told.
+[[nodiscard]] bool AskForPath(CRhinoCommandContext& context, const FileQuestion& question,
+                              UserValues& user, std::string& file);
+// The file that a button's value tells or, when that is empty, that is asked for.
 [[nodiscard]] bool ChooseFile(CRhinoCommandContext& context, const FileQuestion& question,
                               UserValues& user, std::string_view value, std::string& file);
 

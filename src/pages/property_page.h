@@ -40,23 +40,22 @@ class PropertyPage : public CRhinoDialogPage {
       if (const auto typed = not_taken_.find(row.Id); typed != not_taken_.end()) {
         control.Value = typed->second;
       }
-      if (row.Rule.File != nullptr) controls.push_back(FileButton(row.Id));
     }
     return controls;
   }
 
-  // A number that the field has already is not stored, and one that can't be read only shown.
+  // A number that the field has already is not stored, and one that can't be read only shown. A
+  // path that is told or, for "...", chosen in a dialog ticks the check that says that it is used.
   std::string Change(CRhinoCommandContext& context, std::string_view control,
                      std::string_view value) override {
     const std::vector<CRhinoControl> controls = Controls();
     std::string problem;
     const int index = ControlToChange(controls, control, problem);
     if (index < 0) return problem;
-    const std::string& id = controls[static_cast<std::size_t>(index)].Id;
-    for (const Row& row : rows_) {
-      if (row.Id == id) return ChangeField(context.m_doc, row, value);
-      if (row.Rule.File != nullptr && FileButtonId(row.Id) == id) ChoosePath(context, row, value);
-    }
+    // Each row is one control.
+    const Row& row = rows_[static_cast<std::size_t>(index)];
+    if (row.Rule.File == nullptr) return ChangeField(context.m_doc, row, value);
+    ChangePath(context, row, value);
     return {};
   }
 
@@ -94,10 +93,15 @@ class PropertyPage : public CRhinoDialogPage {
   }
 
   // Stores the path, and then that it is used.
-  void ChoosePath(CRhinoCommandContext& context, const Row& row, std::string_view value) {
+  void ChangePath(CRhinoCommandContext& context, const Row& row, std::string_view value) {
     std::string file = row.Control(record_).Value;
-    if (!ChooseFile(context, *row.Rule.File, plug_in_.User(), value, file)) return;
+    if (value != kAskForFile) {
+      file = value;
+    } else if (!AskForPath(context, *row.Rule.File, plug_in_.User(), file)) {
+      return;
+    }
     ChangeField(context.m_doc, row, file);
+    if (file.empty()) return;
     const auto check = std::find_if(rows_.begin(), rows_.end(),
                                     [&row](const Row& one) { return one.Id == row.Rule.UsedBy; });
     if (check != rows_.end()) ChangeField(context.m_doc, *check, "Yes");

@@ -20,9 +20,9 @@ struct PropertyRule {
   SettingBounds Limit{};
   // What the first word stands for.
   int First = 0;
-  // The dialog of a path's ".." button; null when there is none.
+  // How a path is asked for; null for what is no path.
   const FileQuestion* File = nullptr;
-  // The check that is ticked when a file was chosen, by its id.
+  // The check that is ticked with a path, by its id.
   std::string_view UsedBy{};
 };
 
