@@ -18,6 +18,7 @@
 #include "jobs/surface_command.h"
 #include "jobs/version_increment_command.h"
 #include "jobs/write_archive_command.h"
+#include "pages/document_pages.h"
 #include "pages/light_page.h"
 #include "pages/material_page.h"
 #include "pages/object_page.h"
@@ -25,7 +26,7 @@
 
 namespace {
 
-// The one plug-in object, with all its commands.
+// The one plug-in object, with all its commands and pages.
 class Module {
  public:
   Module() {
@@ -54,6 +55,18 @@ class Module {
     plug_in_.AddCommand<orv::CCommandOrvObject>();
     plug_in_.AddCommand<orv::CCommandOrvWriteArchive>();
     plug_in_.AddCommand<orv::CCommandOrvCopyRhinoMap>();
+
+    plug_in_.AddDocumentPage<orv::CDocPageDlg>();
+    plug_in_.AddDocumentPage<orv::CDisplayDlg>();
+    plug_in_.AddDocumentPage<orv::CTraceDlg>();
+    plug_in_.AddDocumentPage<orv::CGiDlg>();
+    plug_in_.AddDocumentPage<orv::COutlineDlg>();
+    plug_in_.AddDocumentPage<orv::CAnimDlg>();
+    plug_in_.AddDocumentPage<orv::AdvancedDlg>();
+    plug_in_.AddDocumentPage<orv::CTweakDlg>();
+    plug_in_.AddDocumentPage<orv::CBakeDlg>();
+    plug_in_.AddDocumentPage<orv::CGenDlg>();
+
     plug_in_.AddObjectPage<orv::CLightPropPageDlg>();
     plug_in_.AddObjectPage<orv::CMatDlg>();
     plug_in_.AddObjectPage<orv::CObjectDlg>();

@@ -1,9 +1,9 @@
 #include "host/command/command_option.h"
 
-#include <array>
 #include <charconv>
 #include <cmath>
 
+#include "host/command/color_text.h"
 #include "host/system/number_text.h"
 #include "host/system/text.h"
 
@@ -45,36 +45,8 @@ bool SetNumber(std::string_view text, Value min, Value max, Value& variable) {
   return true;
 }
 
-std::string ColorText(const ON_Color& color) {
-  return IntText(color.Red()) + "," + IntText(color.Green()) + "," + IntText(color.Blue());
-}
-
-// The digits of "#ff8000", or nothing.
-std::optional<ON_Color> ColorOfDigits(std::string_view digits) {
-  unsigned value = 0;
-  const char* end = digits.data() + digits.size();
-  const auto [stop, error] = std::from_chars(digits.data(), end, value, 16);
-  if (digits.size() != 6 || error != std::errc{} || stop != end) return std::nullopt;
-  return ON_Color(static_cast<int>(value >> 16), static_cast<int>(value >> 8 & 255),
-                  static_cast<int>(value & 255));
-}
-
-// A colour as its three parts from 0 to 255, or nothing.
-std::optional<ON_Color> ColorOfText(std::string_view text) {
-  text = host::Trimmed(text);
-  if (text.starts_with('#')) return ColorOfDigits(text.substr(1));
-  std::array<int, 3> parts{};
-  for (std::size_t i = 0; i < parts.size(); ++i) {
-    const std::size_t comma = text.find(',');
-    if ((comma == std::string_view::npos) != (i + 1 == parts.size())) return std::nullopt;
-    if (!SetNumber(text.substr(0, comma), 0, 255, parts[i])) return std::nullopt;
-    text = comma == std::string_view::npos ? std::string_view() : text.substr(comma + 1);
-  }
-  return ON_Color(parts[0], parts[1], parts[2]);
-}
-
 bool SetColor(std::string_view text, ON_Color& variable) {
-  const std::optional<ON_Color> color = ColorOfText(text);
+  const std::optional<ON_Color> color = ColorFromText(text);
   if (color) variable = *color;
   return color.has_value();
 }

@@ -17,5 +17,6 @@ HostCommands::HostCommands(CommandRegistry& registry) {
   add(ViewCommands());
   add(CameraCommands());
   add(ReportCommands());
+  add(PropertiesCommands(registry));
   add(ProgramCommands(registry, exit_requested_));
 }

@@ -58,4 +58,5 @@ std::vector<HostCommand::Row> SelectionCommands();
 std::vector<HostCommand::Row> ViewCommands();
 std::vector<HostCommand::Row> CameraCommands();
 std::vector<HostCommand::Row> ReportCommands();
+std::vector<HostCommand::Row> PropertiesCommands(const CommandRegistry& registry);
 std::vector<HostCommand::Row> ProgramCommands(CommandRegistry& registry, bool& exit_requested);
