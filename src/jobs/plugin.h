@@ -9,9 +9,9 @@
 #include "host/command/plugin.h"
 #include "host/geometry/on_user_string_list.h"
 #include "interactive/interactive_render.h"
+#include "jobs/material_page_state.h"
 #include "settings/render_settings.h"
 #include "settings/user_values.h"
-#include "shading/material_attributes.h"
 #include "shading/texture_converter.h"
 
 namespace orv {
@@ -46,8 +46,8 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
   // Converts the images of exports, into the user's folder for textures.
   TextureConverter& Textures();
 
-  // The material that was copied last; all material pages share it.
-  MaterialAttributes& MaterialClipboard() { return material_clipboard_; }
+  // What all material pages share.
+  MaterialPageState& MaterialPages() { return material_pages_; }
 
   // The live connection to an interactive renderer.
   InteractiveRender& Live() { return live_; }
@@ -88,7 +88,7 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
   ON_UserStringList user_strings_;
   UserValues user_;
   TextureConverter textures_;
-  MaterialAttributes material_clipboard_;
+  MaterialPageState material_pages_;
   InteractiveRender live_{user_strings_, user_, textures_};
   std::vector<std::unique_ptr<CRhinoCommand>> owned_commands_;
   std::vector<CRhinoCommand*> commands_;

@@ -27,7 +27,7 @@ std::string_view CaptionOf(ON_AttributeSource source) {
 }  // namespace
 
 MaterialEditor::MaterialEditor(CSceneOutPlugIn& plugIn)
-    : plug_in_(plugIn), preview_(plugIn, *this) {}
+    : plug_in_(plugIn), state_(plugIn.MaterialPages()), preview_(plugIn, *this) {}
 
 double MaterialEditor::Gamma() const {
   return static_cast<double>(StoredRhinoGamma(plug_in_.UserStrings()));
@@ -63,12 +63,12 @@ void MaterialEditor::RefreshParams() {
     if (slot == kDisplacement && call.empty()) continue;
     shader_names_[slot] = ShaderNameOf(call);
   }
-  const ShaderSlot& active = MaterialSlots()[active_slot_].Fields;
+  const ShaderSlot& active = MaterialSlots()[state_.ActiveSlot].Fields;
   rows_.Read(current_.*active.Call, current_.*active.Layout, Gamma());
 }
 
 void MaterialEditor::SwitchTo(std::size_t slot) {
-  active_slot_ = slot;
+  state_.ActiveSlot = slot;
   RefreshParams();
 }
 
@@ -85,7 +85,8 @@ void MaterialEditor::Apply(CRhinoDoc& doc, const MaterialAttributes& change) {
 }
 
 void MaterialEditor::ForceBasicMaterial(CRhinoDoc& doc) {
-  if (!is_basic_forced_ || !GiveNewMaterials(doc, NewMaterialsFor::objectsWithoutTheirOwn)) return;
+  if (!state_.IsBasicForced || !GiveNewMaterials(doc, NewMaterialsFor::objectsWithoutTheirOwn))
+    return;
   ReadFirst(doc);
   RefreshParams();
 }
@@ -95,11 +96,11 @@ void MaterialEditor::MakeNew(CRhinoDoc& doc) {
 }
 
 void MaterialEditor::Copy() {
-  plug_in_.MaterialClipboard() = current_;
+  state_.Clipboard = current_;
 }
 
 void MaterialEditor::Paste(CRhinoDoc& doc) {
-  Replace(doc, plug_in_.MaterialClipboard());
+  Replace(doc, state_.Clipboard);
 }
 
 void MaterialEditor::Replace(CRhinoDoc& doc, const MaterialAttributes& other) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "host/command/command.h"
+#include "jobs/material_page_state.h"
 #include "jobs/material_preview.h"
 #include "pages/material_rows.h"
 #include "pages/material_slots.h"
@@ -28,15 +29,15 @@ class MaterialEditor : private PrintedPreview {
   // Where the object takes it from: "Layer material".
   std::string_view SourceCaption() const { return source_caption_; }
   // The place whose parameters are shown.
-  std::size_t ActiveSlot() const { return active_slot_; }
+  std::size_t ActiveSlot() const { return state_.ActiveSlot; }
   const std::string& ShaderName(std::size_t slot) const { return shader_names_[slot]; }
   // The picture of the preview; empty as long as there is none.
   const std::string& Picture() const { return picture_; }
   const MaterialRows& Rows() const { return rows_; }
 
   // Whether objects get a material of their own before some changes.
-  bool IsBasicForced() const { return is_basic_forced_; }
-  void SetBasicForced(bool isForced) { is_basic_forced_ = isForced; }
+  bool IsBasicForced() const { return state_.IsBasicForced; }
+  void SetBasicForced(bool isForced) { state_.IsBasicForced = isForced; }
   // Whether there can be a preview now, and whether it is switched on.
   bool HasPreview() const;
   bool IsPreviewOn() const { return is_preview_on_; }
@@ -84,13 +85,12 @@ class MaterialEditor : private PrintedPreview {
   double Gamma() const;
 
   CSceneOutPlugIn& plug_in_;
+  MaterialPageState& state_;
   MaterialPreview preview_;
   MaterialAttributes current_;
   std::string_view source_caption_;
-  std::size_t active_slot_ = kSurface;
   std::array<std::string, kMaterialSlotCount> shader_names_;
   MaterialRows rows_;
-  bool is_basic_forced_ = true;
   bool is_preview_on_ = false;
   std::string picture_;
 };

@@ -73,7 +73,7 @@ void MaterialEditor::StoreShader(CRhinoDoc& doc, std::size_t slot, std::string_v
 }
 
 void MaterialEditor::ToggleGroup(CRhinoDoc& doc, std::size_t index) {
-  const ShaderSlot& fields = MaterialSlots()[active_slot_].Fields;
+  const ShaderSlot& fields = MaterialSlots()[state_.ActiveSlot].Fields;
   MaterialAttributes change;
   change.*fields.Layout = current_.*fields.Layout;
   rows_.Toggle(index, change.*fields.Layout);
@@ -85,7 +85,7 @@ std::string MaterialEditor::ChangeParam(CRhinoDoc& doc, std::size_t index, std::
   ShaderParam& param = rows_.Draft().Params[index];
   RowReading reading = ReadRowValue(value, param);
   // A colour of a displacement is shown, but not stored.
-  const bool isOnlyShown = active_slot_ == kDisplacement && param.Kind == ParamKind::Color;
+  const bool isOnlyShown = state_.ActiveSlot == kDisplacement && param.Kind == ParamKind::Color;
   if (reading.IsCommitted && !isOnlyShown) Commit(doc, false);
   return std::move(reading.Problem);
 }
@@ -101,11 +101,11 @@ void MaterialEditor::PickParam(CRhinoCommandContext& context, std::size_t index,
 }
 
 void MaterialEditor::Commit(CRhinoDoc& doc, bool refreshesTweaks) {
-  const ShaderSlot& fields = MaterialSlots()[active_slot_].Fields;
+  const ShaderSlot& fields = MaterialSlots()[state_.ActiveSlot].Fields;
   MaterialAttributes change;
   std::string& call = change.*fields.Call;
   call = rows_.Draft().CallText();
-  if (refreshesTweaks && active_slot_ != kInstancer) RefreshDarkTreeTweaks(call);
+  if (refreshesTweaks && state_.ActiveSlot != kInstancer) RefreshDarkTreeTweaks(call);
   change.*fields.CallChanged = true;
   Apply(doc, change);
 }

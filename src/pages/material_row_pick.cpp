@@ -24,7 +24,7 @@ constexpr FileQuestion kTexture{
     {"Choose texture", kImageFilter}, FileQuestion::Dialog::open, {}, &UserValues::TextureDir};
 
 const FileQuestion& QuestionOf(RowPick pick) {
-  if (pick == RowPick::archive) return kArchiveQuestion;
+  if (pick == RowPick::archive) return kRibFileQuestion;
   return pick == RowPick::darkTree ? kDarkTree : kTexture;
 }
 

@@ -77,7 +77,7 @@ constexpr Row kRows[] = {
      Kind::path,
      &Record::Archive,
      &Marks::Archive,
-     {.File = &kArchiveQuestion}},
+     {.File = &kRibFileQuestion}},
     {"UseMeshFile",
      "Mesh file mode:",
      Kind::list,

@@ -12,7 +12,7 @@
 namespace orv {
 
 // The RIB archive that something is drawn as.
-inline constexpr FileQuestion kArchiveQuestion{{"Choose RIB File", "RIB Files;*.rib;All file;*.*;"},
+inline constexpr FileQuestion kRibFileQuestion{{"Choose RIB File", "RIB Files;*.rib;All file;*.*;"},
                                                FileQuestion::Dialog::open,
                                                {},
                                                &UserValues::ArchiveDir};

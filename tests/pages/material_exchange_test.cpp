@@ -74,6 +74,8 @@ TEST_F(MaterialExchangeTest, WithoutForceTheLayersMaterialIsChanged) {
   Show({2});
   EXPECT_EQ(Change("ForceBasicMaterial", "No"), "");
   EXPECT_EQ(Shown("ForceBasicMaterial"), "No");
+  // For all pages.
+  EXPECT_EQ(Value(CMatDlg(plugIn_), "ForceBasicMaterial"), "No");
   EXPECT_EQ(Change("Color", "1,2,3"), "");
   EXPECT_EQ(Source(2), ON_AttributeSource::layer);
   EXPECT_EQ(Material(3).m_diffuse, (ON_Color{1, 2, 3}));

@@ -157,6 +157,8 @@ TEST_F(MaterialShadersTest, TheSlotStaysWhenOtherObjectsAreShown) {
   EXPECT_EQ(Change("ActiveSlot", "instancer"), "");
   Show({2});
   EXPECT_EQ(Shown("ActiveSlot"), "Instancer");
+  const CMatDlg other(plugIn_);
+  EXPECT_EQ(Value(other, "ActiveSlot"), "Instancer");
 }
 
 }  // namespace
