@@ -98,12 +98,6 @@ std::vector<CRhinoControl> MaterialRows::Controls(std::string_view slot) const {
     AddRow(std::string(slot) + '.' + params[index].Name, CaptionControl(params, index),
            ValueControl(params[index]), PickControl(params[index]), controls);
   }
-  CRhinoControl hidden;
-  hidden.IsShown = false;
-  while (controls.size() < kMostRows * kPartCount) {
-    const std::size_t row = controls.size() / kPartCount + 1;
-    AddRow("Row" + std::to_string(row), hidden, hidden, hidden, controls);
-  }
   return controls;
 }
 

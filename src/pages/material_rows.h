@@ -24,8 +24,8 @@ class MaterialRows {
   std::vector<std::size_t> Shown() const;
   // Opens or closes the group that the parameter at `index` heads, and notes that in `layout`.
   void Toggle(std::size_t index, std::string& layout);
-  // kPartCount controls for each of kMostRows rows. The ids of a row that is shown begin with the
-  // slot and the parameter's name: "Surface.SpecularColor" is the value.
+  // kPartCount controls for each row that is shown. Their ids begin with the slot and the
+  // parameter's name: "Surface.SpecularColor" is the value.
   std::vector<CRhinoControl> Controls(std::string_view slot) const;
 
  private:

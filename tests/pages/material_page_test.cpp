@@ -13,15 +13,10 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 
-constexpr std::size_t kRowControls = 60;
-
 TEST_F(MaterialPageTest, HasTheseControls) {
   EXPECT_EQ(page_.Title(), "OrvMaterial");
-  std::vector<std::string> described = Described(page_.Controls());
-  ASSERT_GT(described.size(), kRowControls);
-  described.resize(described.size() - kRowControls);
   EXPECT_THAT(
-      described,
+      Described(page_.Controls()),
       ElementsAre(
           "MaterialSource: , text", "Name: Name:, edit", "New: New, button", "Copy: Copy, button",
           "Paste: Paste, button", "Load: Load, button", "Save: Save, button",
@@ -162,7 +157,6 @@ TEST_F(MaterialPageTest, WhatCantBeReadIsRefused) {
   EXPECT_THAT(Change("ActiveSlot", "Light"), HasSubstr("Instancer"));
   EXPECT_EQ(Change("Surface", "Gold"), "Surface has no 'Gold' in its list.");
   EXPECT_EQ(Change("MaterialSource", "x"), "'MaterialSource' can't be changed now.");
-  EXPECT_EQ(Change("Row7", "x"), "'Row7' can't be changed now.");
   EXPECT_EQ(Change("Gloss", "x"), "There is no 'Gloss' on this page.");
   EXPECT_TRUE(Material(0).m_user_strings.IsEmpty());
   EXPECT_EQ(UndoCaption(), "");
