@@ -29,10 +29,12 @@ bool IsBrepOrMesh(const CRhinoObject& object) {
 
 }  // namespace
 
-void OrvEventWatcher::LightTableEvent(CRhinoTableEvent event, const CRhinoLightTable& table,
+void OrvEventWatcher::LightTableEvent(CRhinoTableEvent event, const CRhinoLightTable& /*table*/,
                                       int index, const ON_Light* /*oldLight*/) {
-  const CRhinoObject* light = table.At(index);
-  if (!render_.IsRunning() || light == nullptr) return;
+  // A deleted light is still there, but not in the table.
+  const auto lights = RhinoApp().ActiveDoc().Lights();
+  if (!render_.IsRunning() || index < 0 || index >= static_cast<int>(lights.size())) return;
+  const CRhinoObject* light = lights[static_cast<std::size_t>(index)].get();
   switch (event) {
     case CRhinoTableEvent::added:
       render_.SendNewLight(*light);

@@ -19,6 +19,7 @@ bool StartRenderer(const std::string& hostName, std::uint16_t port, std::string_
   host::ProcessStart start;
   start.Arguments = host::SplitCommandLine(host::Format(
       "tweakorv -ihost %s:%d %s", hostName.c_str(), port, std::string(arguments).c_str()));
+  host::UseNativeNames(start.Arguments);
   start.Hidden = true;
   return host::StartProcess(start);
 }

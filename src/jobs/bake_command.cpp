@@ -4,12 +4,13 @@
 #include <string>
 #include <tuple>
 
-#include "export/scene_export.h"
 #include "host/command/get_option.h"
 #include "host/document/app.h"
-#include "host/system/path.h"
 #include "host/system/text.h"
+#include "jobs/job_files.h"
 #include "jobs/process_launch.h"
+#include "jobs/render_start.h"
+#include "jobs/scene_file.h"
 #include "settings/bake_pass.h"
 #include "settings/settings_store.h"
 
@@ -50,15 +51,9 @@ auto KeptOptions(const BakeSettings& bake) {
   return std::tuple(bake.BakeEdgeLength, bake.BakeMeshMode, bake.BakeNormals, bake.BakeTexCoords);
 }
 
-// The scene of a bake is a file of its own.
-std::string BakeSceneName(std::string_view ribName) {
-  host::PathParts parts = host::SplitPath(ribName);
-  parts.Base += "_bake";
-  return host::JoinPath(parts);
-}
-
 void MakeBakePass(const BakeSettings& bake, RenderSettings& settings) {
-  settings.RibName = BakeSceneName(settings.RibName);
+  // A file of its own beside the scene's.
+  settings.RibName = AppendToBaseName(settings.RibName, "_bake");
   settings.OrvShow = false;
   settings.Outline = false;
   settings.AnimMode = 0;
@@ -68,18 +63,24 @@ void MakeBakePass(const BakeSettings& bake, RenderSettings& settings) {
   CopyBakeSettings(bake, settings);
 }
 
-CommandResult StartBake(const RenderSettings& settings) {
+// True when the scene is written and there is something to bake.
+bool WriteBakeScene(CSceneOutPlugIn& plugIn, CRhinoDoc& doc, RenderSettings& settings) {
+  return WriteSceneFile(plugIn, doc, settings) &&
+         (settings.BakeMesh || settings.BakeDisplayCount >= 1);
+}
+
+bool StartBake(const RenderSettings& settings) {
   const int priority = settings.LowPriority ? -1 : 0;
   const std::string commandLine = host::Format("bakeorv.exe -p %d -pri %d \"%s\"", settings.Threads,
                                                priority, settings.RibName.c_str());
-  if (!RunDetachedProcess(commandLine, WorkingFolderOf(settings.RibName), true, true)) {
-    RhinoApp().Print("Error - failed to start BakeOrv render process.\n");
-    return CommandResult::failure;
-  }
+  return FitsCommandLine(settings.RibName) &&
+         RunDetachedProcess(commandLine, WorkingFolderOf(settings.RibName), true, true);
+}
+
+void PrintBaking(const RenderSettings& settings) {
   RhinoApp().Print(settings.BakeMesh ? "Baking meshes\n"
                                      : host::Format("Baking %d maps with %d thread(s)\n",
                                                     settings.BakeDisplayCount, settings.Threads));
-  return CommandResult::success;
 }
 
 }  // namespace
@@ -95,17 +96,6 @@ CCommandOrvBake::CCommandOrvBake(CSceneOutPlugIn& plugIn)
           "objects only. Enter writes the scene, with _bake at the end of its name, and starts\n"
           "bakeorv.\n") {}
 
-CommandResult CCommandOrvBake::WriteScene(CRhinoCommandContext& context,
-                                          RenderSettings& settings) const {
-  CRhinoFileWriteOptions options;
-  options.SetMode(0, settings.Selected);
-  constexpr int kReparameterize = 1;
-  const int written = ExportSceneRib(settings.RibName, context.m_doc, options, kReparameterize, {},
-                                     settings, nullptr, PlugIn().Textures());
-  const bool hasWork = settings.BakeMesh || settings.BakeDisplayCount >= 1;
-  return written != 0 && hasWork ? CommandResult::success : CommandResult::nothing;
-}
-
 CommandResult CCommandOrvBake::RunCommand(CRhinoCommandContext& context) {
   RenderSettings settings = PlugIn().LoadSettings();
   BakeSettings bake = LoadBakeSettings(PlugIn().UserStrings());
@@ -115,8 +105,13 @@ CommandResult CCommandOrvBake::RunCommand(CRhinoCommandContext& context) {
   if (asked != CommandResult::success) return asked;
   if (KeptOptions(bake) != kept) StoreBakeSettings(bake, PlugIn().UserStrings());
   MakeBakePass(bake, settings);
-  const CommandResult written = WriteScene(context, settings);
-  return written == CommandResult::success ? StartBake(settings) : written;
+  if (!WriteBakeScene(PlugIn(), context.m_doc, settings)) return CommandResult::nothing;
+  if (!StartBake(settings)) {
+    RhinoApp().Print("Error - failed to start BakeOrv render process.\n");
+    return CommandResult::failure;
+  }
+  PrintBaking(settings);
+  return CommandResult::success;
 }
 
 }  // namespace orv

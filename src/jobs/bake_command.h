@@ -1,7 +1,6 @@
 #pragma once
 
 #include "jobs/orv_command.h"
-#include "settings/bake_settings.h"
 
 namespace orv {
 
@@ -10,10 +9,6 @@ class CCommandOrvBake : public COrvCommand {
  public:
   explicit CCommandOrvBake(CSceneOutPlugIn& plugIn);
   CommandResult RunCommand(CRhinoCommandContext& context) override;
-
- private:
-  // Writes the scene. Success when there is something to bake.
-  CommandResult WriteScene(CRhinoCommandContext& context, RenderSettings& settings) const;
 };
 
 }  // namespace orv

@@ -92,10 +92,9 @@ CCommandOrvMaterial::CCommandOrvMaterial(CSceneOutPlugIn& plugIn)
     : COrvCommand(
           plugIn, "4d258932-23b0-4627-acf3-60848b68b564"_uuid, "OrvMaterial",
           "Edits name, colour, shaders and displacement of objects' materials.",
-          "Asks for the objects unless some are selected; the options show the first one's "
-          "material,\n"
-          "and Enter stores in all materials what was changed. Surface and Displacement edit the\n"
-          "shaders as OrvSurface does; null takes the host's material.\n") {}
+          "Asks for the objects unless some are selected. The options show the first one's\n"
+          "material; Enter stores what was changed in the materials of all. Surface and\n"
+          "Displacement edit the shaders as OrvSurface does.\n") {}
 
 CommandResult CCommandOrvMaterial::RunCommand(CRhinoCommandContext& context) {
   std::vector<CRhinoObject*> objects;

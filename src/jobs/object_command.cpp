@@ -41,8 +41,8 @@ CCommandOrvObject::CCommandOrvObject(CSceneOutPlugIn& plugIn)
     : COrvCommand(
           plugIn, "6fa6523f-1ca8-4196-a3d7-d6175c00ca41"_uuid, "OrvObject",
           "Edits what the renderer does with objects: visibility, curves, points, lines.",
-          "Asks for the objects unless some are selected; the options show the first one's\n"
-          "attributes, and Enter stores in all objects what was changed.\n") {}
+          "Asks for the objects unless some are selected. The options show the first one's\n"
+          "attributes; Enter stores what was changed in all objects.\n") {}
 
 CommandResult CCommandOrvObject::RunCommand(CRhinoCommandContext& context) {
   std::vector<CRhinoObject*> objects;

@@ -9,7 +9,7 @@ namespace orv {
 const FileQuestion kReflectionMapQuestion = {
     kEnvironmentMapPicker, FileQuestion::Dialog::open,
     "Reflection map file name:", &UserValues::EnvironmentDir};
-const FileQuestion kGiMapQuestion = {{"Choose GI Environment Map", kEnvironmentMapPicker.Filter},
+const FileQuestion kGiMapQuestion = {{"Choose GI Environment Map", kImageFilter},
                                      FileQuestion::Dialog::open,
                                      "Environment map file name ",
                                      &UserValues::EnvironmentDir};

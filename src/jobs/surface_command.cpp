@@ -10,23 +10,20 @@ CCommandOrvSurface::CCommandOrvSurface(CSceneOutPlugIn& plugIn)
     : COrvCommand(
           plugIn, "e2a4eaa1-b7e4-407f-b501-d1722a755df8"_uuid, "OrvSurface",
           "Edits the surface shader of objects' materials.",
-          "Asks for the objects unless some are selected; the options show the first one's shader\n"
-          "and Enter gives it to all. Shader chooses another one: by its name, or by its file "
-          "(.slb)\n"
-          "in a dialog; null takes the host's material. Each parameter is an option. In the "
-          "scripted\n"
-          "form (-OrvSurface) texts are typed, $ORVHOME at their start being that environment\n"
-          "variable, and several numbers with commas: 1,0.5. Otherwise a text is chosen as a file\n"
-          "and these are picked:\n"
-          "  3 numbers: a point x,y,z.\n"
-          "  2 numbers, of a surface object: x,y,z takes the point of the first object that is\n"
-          "    closest to it. u,v takes one by the surface's parameters; where there are several\n"
-          "    faces it is face:u,v, the first face being 0. The result are map coordinates; a "
-          "size\n"
-          "    is told from the origin that follows it.\n"
-          "  16 numbers, a decal's matrix: the left and the right upper corner, and a point of "
-          "the\n"
-          "    lower edge, each as x,y,z.\n") {}
+          "Asks for the objects unless some are selected. The options show the first one's\n"
+          "shader; Enter gives it to all. Shader chooses another one: by its name, or by its\n"
+          "file (.slb) in a dialog; null takes the host's material. Each parameter is an\n"
+          "option.\n"
+          "In the scripted form (-OrvSurface) texts are typed, where $ORVHOME at the start is\n"
+          "that environment variable, and several numbers with commas: 1,0.5. Otherwise a\n"
+          "text is chosen as a file, and these are picked:\n"
+          "  3 numbers: a point, typed as x,y,z.\n"
+          "  2 numbers, when the first object has surfaces: a place on it. x,y,z takes the\n"
+          "    point that is closest to it; u,v goes by the surface's parameters, as face:u,v\n"
+          "    with a number from 0 when there are several faces. It becomes map coordinates;\n"
+          "    a size is told from the origin that follows it.\n"
+          "  16 numbers, a decal's matrix: the upper left and the upper right corner, and a\n"
+          "    point of the lower edge, each as x,y,z.\n") {}
 
 CommandResult CCommandOrvSurface::RunCommand(CRhinoCommandContext& context) {
   std::vector<CRhinoObject*> objects;

@@ -1,9 +1,10 @@
 #include "jobs/write_archive_command.h"
 
-#include "export/scene_export.h"
 #include "host/command/get_option.h"
+#include "jobs/scene_file.h"
 
 namespace orv {
+
 CCommandOrvWriteArchive::CCommandOrvWriteArchive(CSceneOutPlugIn& plugIn)
     : COrvCommand(
           plugIn, "33ecff0d-ddab-44f2-a714-683723c31689"_uuid, "OrvWriteArchive",
@@ -43,12 +44,8 @@ CommandResult CCommandOrvWriteArchive::RunCommand(CRhinoCommandContext& context)
   settings.ArchiveOnly = true;
   settings.WriteCamera = false;
   settings.WriteDisplay = false;
-  CRhinoFileWriteOptions options;
-  options.SetMode(0, settings.Selected);
-  constexpr int kReparameterize = 1;
   // What goes wrong is told by the export.
-  static_cast<void>(ExportSceneRib(settings.RibName, context.m_doc, options, kReparameterize, {},
-                                   settings, nullptr, PlugIn().Textures()));
+  static_cast<void>(WriteSceneFile(PlugIn(), context.m_doc, settings));
   return CommandResult::success;
 }
 

@@ -3,6 +3,7 @@
 #include <unordered_map>
 
 #include "host/system/file.h"
+#include "host/system/file_replacement.h"
 #include "host/system/text.h"
 #include "settings/text_line.h"
 

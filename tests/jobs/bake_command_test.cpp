@@ -225,6 +225,14 @@ TEST_F(BakeCommand, MissingFrontEndIsTold) {
                            "\nError - failed to start BakeOrv render process.\n");
 }
 
+TEST_F(BakeCommand, NameThatWouldBeMoreThanOneWordStartsNothing) {
+  Store("RibName", folder_.File("a\" b.rib"));
+  EXPECT_EQ(Bake({"Enter"}), CommandResult::failure);
+  EXPECT_EQ(messages_, "Writing " + folder_.File("a\" b_bake.rib") +
+                           "\nError - failed to start BakeOrv render process.\n");
+  EXPECT_THAT(bench_.Runs(), IsEmpty());
+}
+
 TEST_F(BakeCommand, ChangesOfFourOptionsStoreTheGroup) {
   const std::pair<std::string, std::string> options[] = {{"EdgeLength=2", "BakeEdgeLength"},
                                                          {"MeshMode=Diffuse", "BakeMeshMode"},

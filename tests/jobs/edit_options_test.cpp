@@ -198,5 +198,26 @@ TEST_F(EditOptions, SurfaceShowsTheShadersName) {
   EXPECT_EQ(Setting("Surface"), R"("VPlastic" "float Diffuse" [0.5])");
 }
 
+TEST_F(EditOptions, SurfaceIsEditedAsAShader) {
+  plugIn_.UserStrings().SetUserString("Surface", R"("VPlastic" "float Diffuse" [0.5])");
+  EXPECT_EQ(Edit<CCommandOrvOptions>({"Surface", "Diffuse=0.25", "Enter", "Draft", "Enter"}),
+            CommandResult::success);
+  EXPECT_THAT(prompts_[1], HasSubstr("Orv Surface ( Shader=VPlastic  Diffuse=0.5 ): "));
+  EXPECT_THAT(prompts_[3], HasSubstr("Orv Options ( "));
+  EXPECT_EQ(Setting("Surface"), R"("VPlastic" "float Diffuse" [0.25])");
+  EXPECT_EQ(Setting("Draft"), "1");
+}
+
+TEST_F(EditOptions, SurfaceStaysWhenItsEditingIsGivenUp) {
+  const std::string surface = R"("VPlastic" "float Diffuse" [0.5])";
+  plugIn_.UserStrings().SetUserString("Surface", surface);
+  EXPECT_EQ(Edit<CCommandOrvOptions>({"Surface", "Diffuse=0.25", "!", "Draft", "Enter"}),
+            CommandResult::success);
+  EXPECT_EQ(Setting("Surface"), surface);
+  EXPECT_EQ(Setting("Draft"), "1");
+  EXPECT_EQ(EditByScript<CCommandOrvOptions>({"Surface", "Diffuse=much"}), CommandResult::cancel);
+  EXPECT_EQ(Setting("Surface"), surface);
+}
+
 }  // namespace
 }  // namespace orv

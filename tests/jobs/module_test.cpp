@@ -73,6 +73,16 @@ TEST_F(Module, HasItsCommands) {
   EXPECT_EQ(ids.size(), names.size());
 }
 
+TEST_F(Module, HasThePagesOfTheDocument) {
+  CRhinoFileExportPlugIn::Pages pages;
+  module_->PlugIn().AddPagesToDocumentPropertiesDialog(pages);
+  std::vector<std::string> titles;
+  for (const auto& page : pages) titles.emplace_back(page->Title());
+  EXPECT_THAT(titles, ElementsAre("Orv Main", "Orv Display", "Orv Trace", "Orv GI", "Orv Outline",
+                                  "Orv Animation", "Orv Advanced Lighting", "Orv Interactive",
+                                  "Orv Bake", "Orv Plugin"));
+}
+
 TEST_F(Module, TheManualHasARowForEachCommand) {
   std::istringstream manual(FileContent(ORV_TEST_FOLDER "/../../docs/scripting.md"));
   std::set<std::string> listed;

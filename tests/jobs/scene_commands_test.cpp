@@ -178,14 +178,14 @@ TEST_F(SceneCommands, ANameWithAQuoteDoesNotBecomeAnArgument) {
   EXPECT_THAT(bench_.Runs(), IsEmpty());
 }
 
-TEST_F(SceneCommands, ANameWithBackslashesIsPassedAsItIs) {
+TEST_F(SceneCommands, ANameWithBackslashesIsPassedAsTheSystemSpellsIt) {
   std::filesystem::create_directory(folder_.File("sub"));
   const std::string name = folder_.Path().string() + "\\sub\\a.rib";
   Set("RibName", name);
   EXPECT_EQ(Render(), CommandResult::success);
   EXPECT_TRUE(Exists("sub/a.rib"));
   const ToolRun run = OnlyRun();
-  EXPECT_EQ(run.command.back(), name);
+  EXPECT_EQ(run.command.back(), folder_.File("sub/a.rib"));
   EXPECT_EQ(run.folder, folder_.File("sub"));
 }
 
@@ -311,6 +311,32 @@ TEST_F(SceneCommands, WithoutVersionsNothingIsCounted) {
   EXPECT_EQ(plugIn_.User().Version, 7);
   EXPECT_EQ(Run<CCommandOrvVersionIncrement>(Form::scripted, {}), CommandResult::success);
   EXPECT_EQ(plugIn_.User().Version, 8);
+}
+
+TEST_F(SceneCommands, FramesThatAreExportedOneByOneShareAVersion) {
+  plugIn_.User().UseVersion = true;
+  plugIn_.User().Version = 7;
+  for (const char* frame : {"Frame=0", "Frame=12"}) {
+    EXPECT_EQ(Run<CCommandSceneOut>(Form::scripted, {frame, "Enter"}), CommandResult::success);
+  }
+  EXPECT_TRUE(Exists("a_v7_0000.rib"));
+  EXPECT_TRUE(Exists("a_v7_0012.rib"));
+  EXPECT_EQ(plugIn_.User().Version, 7);
+  EXPECT_EQ(Run<CCommandOrvRender>(Form::scripted, {"Frame=3", "Enter"}), CommandResult::success);
+  EXPECT_TRUE(Exists("a_v7_0003.rib"));
+  EXPECT_EQ(plugIn_.User().Version, 8) << "a render counts in any case";
+  EXPECT_EQ(OnlyRun().command.back(), folder_.File("a_v7.rib"));
+}
+
+TEST_F(SceneCommands, OptionsHoldForTheJobAlone) {
+  EXPECT_EQ(
+      Run<CCommandOrvRender>(Form::scripted, {"ImageWidth=320", "ImageHeight=200", "LowPriority=No",
+                                              "RibName=" + folder_.File("b.rib"), "Enter"}),
+      CommandResult::success);
+  EXPECT_THAT(messages_, EndsWith("Rendering  320x200 with 1 thread at normal priority\n"));
+  EXPECT_EQ(OnlyRun().command.back(), folder_.File("b.rib"));
+  EXPECT_EQ(Setting("ImageWidth"), "640");
+  EXPECT_EQ(Setting("RibName"), folder_.File("a.rib"));
 }
 
 TEST_F(SceneCommands, ASequenceHasTheVersionInAllItsNames) {

@@ -108,14 +108,14 @@ TEST_F(SubmitJob, TheVersionIsThePresentOne) {
   EXPECT_EQ(plugIn_.User().Version, 7);
 }
 
-TEST_F(SubmitJob, BackslashesStayInTheCommandLineOnly) {
+TEST_F(SubmitJob, BackslashesStayInTheBatchFileOnly) {
   std::filesystem::create_directory(folder_.File("sub"));
   const std::string base = folder_.Path().string() + "\\sub\\a";
   Set("RibName", base + ".rib");
   EXPECT_EQ(Submit("1", "1"), CommandResult::success);
   EXPECT_EQ(FileContent(folder_.File("sub/a_all.rib")),
             "ReadArchive \"" + folder_.File("sub/a_0001.rib") + "\"\n");
-  EXPECT_EQ(bench_.WaitForRuns(1).at(0).command.back(), base + "_all.rib");
+  EXPECT_EQ(bench_.WaitForRuns(1).at(0).command.back(), folder_.File("sub/a_all.rib"));
   plugIn_.User().Gyre = true;
   EXPECT_EQ(Submit("1", "1"), CommandResult::success);
   EXPECT_EQ(FileContent(folder_.File("sub/a_all.bat")),

@@ -58,7 +58,8 @@ TEST_F(BakingTest, BakesMapsOfTheExample) {
               testing::StartsWith(folder_.File("baked_")));
   const std::vector<ToolRun> runs = bench_.WaitForRuns(1);
   ASSERT_THAT(runs, SizeIs(1));
-  EXPECT_THAT(runs[0].command, ElementsAre("bakeorv.exe", "-p", "1", "-pri", "-1", BakeScene()));
+  EXPECT_THAT(runs[0].command, ElementsAre("bakeorv.exe", "-p", "1", "-pri", "-1",
+                                           folder_.File("RhinoOrv_bake.rib")));
   EXPECT_EQ(runs[0].folder, folder_.Path().string());
 }
 

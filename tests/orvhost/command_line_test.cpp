@@ -99,7 +99,9 @@ TEST_F(CommandLineTest, UnknownCommandStopsEverything) {
       Run({"model.3dm", "--script", "job.txt", "-c", "SelAll", "--export", "out.orib"});
   EXPECT_EQ(result.status, 3);
   EXPECT_EQ(result.out, "0 objects removed from the selection.\n");
-  EXPECT_EQ(result.err, "orvhost: job.txt, line 2: Unknown command 'SelEverything'.\n");
+  EXPECT_EQ(
+      result.err,
+      "orvhost: job.txt, line 2: Unknown command 'SelEverything'; Help lists the commands.\n");
   EXPECT_THAT(Files(), Not(testing::Contains("out.orib")));
 }
 
@@ -139,7 +141,9 @@ TEST_F(CommandLineTest, StandardInputIsAScript) {
   const ProcessResult result = Run({"model.3dm"});
   EXPECT_EQ(result.status, 3);
   EXPECT_EQ(result.out, "2 objects added to the selection.\n");
-  EXPECT_EQ(result.err, "orvhost: standard input, line 2: Unknown command 'OrvNonsense'.\n");
+  EXPECT_EQ(
+      result.err,
+      "orvhost: standard input, line 2: Unknown command 'OrvNonsense'; Help lists the commands.\n");
 }
 
 TEST_F(CommandLineTest, StandardInputIsLeftAloneBesideAScript) {

@@ -57,8 +57,8 @@ TEST_F(LiveSession, EachChangeIsAFrameInOrderAndNothingElseIs) {
                 EndsWith("IrIlluminateAll " + light + " 1")),
           StartsWith(vase + "0 1 0 "),
           MatchesRegex("IrTweakCamera \"default\" \"fov\" \\[[0-9.]+\\] \"transform\" \\[.*\\]\n"),
-          "IrTweakOption \"reflection\" \"color background\" [1 0 0] \"string envname\" [\"\"]",
-          StartsWith("IrTweakLight 0 \"float intensity\" [1] \"color lightcolor\" [0 0 1] "),
+          "IrTweakOption \"reflection\" \"color background\" [0.2 0 0] \"string envname\" [\"\"]",
+          StartsWith("IrTweakLight 0 \"float intensity\" [0.5] \"color lightcolor\" [0 0 1] "),
           // The name of an object is nothing that is seen, its material is.
           StartsWith(vase), StartsWith(vase + "0 1 0 "), "IrEnd"));
 }
@@ -79,9 +79,9 @@ TEST_F(LiveSession, LightsComeAndGo) {
   const RendererBench bench;
   const ProcessResult result = RunScript(kExample,
                                          "OrvIprStart Enter "
-                                         "AddLight Name=Key Point 1,2,3 "
+                                         "AddLight Name=Lamp Point 1,2,3 "
                                          "AddLight Linear 0,0,0 1,0,0 "
-                                         "SelNone SelName Key MoveObject 0,0,0 1,1,1 "
+                                         "SelNone SelName Lamp MoveObject 0,0,0 1,1,1 "
                                          "DeleteLight Undo Redo "
                                          "OrvIprEnd");
   EXPECT_EQ(result.status, 0) << result.out << result.err;
@@ -150,7 +150,8 @@ TEST_F(LiveSession, ARendererThatGoesEndsTheSessionWithTheNextObject) {
   const RendererBench bench("close 1");
   std::string edits;
   // The first bytes after the end are still taken by the system.
-  for (int i = 0; i < 30; ++i) edits += "OrvMaterial Color=0," + std::to_string(i) + ",0 Enter ";
+  for (int i = 0; i < 600; ++i)
+    edits += "OrvMaterial Color=0," + std::to_string(i % 256) + ",0 Enter ";
   const ProcessResult result =
       RunScript(kExample, "OrvIprStart Enter SelName Vase " + edits + "OrvIprEnd");
   EXPECT_EQ(result.status, 0) << result.err;

@@ -53,9 +53,34 @@ TEST_F(PromptTest, CommandsRunAndExitEnds) {
 TEST_F(PromptTest, UnknownCommandIsToldAndTheProgramGoesOn) {
   Start();
   EXPECT_THAT(Enter("Nonsense SelAll"),
-              AllOf(HasSubstr("Unknown command 'Nonsense'.\n"), Not(HasSubstr("selection"))));
+              AllOf(HasSubstr("Unknown command 'Nonsense'; Help lists the commands.\n"),
+                    Not(HasSubstr("selection"))));
   EXPECT_THAT(Enter("\"x"), HasSubstr("A double quote is not closed.\n"));
   EXPECT_THAT(Enter(""), Not(HasSubstr("Unknown")));
+  Exit();
+}
+
+// The prompt is longer than the terminal's line.
+TEST_F(PromptTest, OptionsOfRendersAreEditedUntilEnter) {
+  Start();
+  terminal_->Type("OrvOptions\r");
+  terminal_->WaitFor("Orv Options ( OrvShow=Yes  Animate=Off  ");
+  terminal_->WaitFor("ImageName=orv.tif ): ");
+  terminal_->Type("CropRegion\r");
+  terminal_->WaitFor("Set render region rectangle in viewport (first corner): ");
+  terminal_->Type("0,0 10,10\r");
+  terminal_->WaitFor("ImageName=orv.tif ): ");
+  terminal_->Type("PixelSamples=99\r");
+  terminal_->WaitFor("PixelSamples takes a whole number from 1 to 32, not '99'.");
+  terminal_->Type("pix\r");
+  terminal_->WaitFor("Pixel samples (1-32) <4>: ");
+  terminal_->Type("8\r");
+  terminal_->WaitFor("PixelSamples=8");
+  terminal_->Type("\r");
+  terminal_->WaitFor("Command: ");
+  Enter("-OrvSaveSettings out.ors");
+  const std::string settings = FileContent(folder_.File("out.ors"));
+  EXPECT_THAT(settings, AllOf(HasSubstr("PixelSamples=8\n"), HasSubstr("\nCropWindow=0 ")));
   Exit();
 }
 

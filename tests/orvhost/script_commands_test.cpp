@@ -119,14 +119,16 @@ TEST_F(ScriptCommandsTest, KeepGoingRunsTheRest) {
       Run({"model.3dm", "--keep-going", "--script", "job.txt", "-c", "SelAll Nonsense SelNone",
            "-c", "SelNone", "--export", "out.rib"});
   EXPECT_EQ(result.status, 3);
-  EXPECT_THAT(result.err, testing::MatchesRegex(
-                              "orvhost: job.txt, line 1: Unknown command 'SelEverything'.\n"
-                              "orvhost: job.txt, line 3: PixelSamples takes a whole number from 1 "
-                              "to 32, not '99'.\n"
-                              "orvhost: job.txt, line 8: Unknown option 'SelNone'; [^\n]*\n"
-                              "orvhost: job.txt, line 9: The script ends where the command still "
-                              "asks: Name of the objects to select\n"
-                              "orvhost: -c, line 1: Unknown command 'Nonsense'.\n"));
+  EXPECT_THAT(
+      result.err,
+      testing::MatchesRegex(
+          "orvhost: job.txt, line 1: Unknown command 'SelEverything'; Help lists the commands.\n"
+          "orvhost: job.txt, line 3: PixelSamples takes a whole number from 1 "
+          "to 32, not '99'.\n"
+          "orvhost: job.txt, line 8: Unknown option 'SelNone'; [^\n]*\n"
+          "orvhost: job.txt, line 9: The script ends where the command still "
+          "asks: Name of the objects to select\n"
+          "orvhost: -c, line 1: Unknown command 'Nonsense'; Help lists the commands.\n"));
   EXPECT_THAT(result.out, StartsWith("1 object added to the selection.\n"
                                      "1 object removed from the selection.\n"
                                      "2 objects added to the selection.\n"

@@ -222,11 +222,11 @@ TEST_F(DocumentPageLife, AllChannels) {
 }
 
 TEST_F(DocumentPageLife, TheImagesGammaIsKeptInSinglePrecision) {
-  // Nine digits in double precision are six in the setting.
-  Store<CDisplayDlg>("RibGamma", "2.20000049");
-  EXPECT_EQ(Setting("RibGamma"), "2.2");
-  Store<CDisplayDlg>("RibGamma", "2.2000005");
-  EXPECT_EQ(Setting("RibGamma"), "2.2");
+  // Six digits tell the two precisions apart where they round to different sides.
+  Store<CDisplayDlg>("RibGamma", "2.000005");
+  EXPECT_EQ(Setting("RibGamma"), "2.00001");
+  Store<CBakeDlg>("BakeGamma", "2.000005");
+  EXPECT_EQ(Setting("BakeGamma"), "2");
 }
 
 TEST_F(DocumentPageLife, InkIsShownByTheGammaOfTheScreen) {

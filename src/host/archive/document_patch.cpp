@@ -49,6 +49,52 @@ std::uint32_t SumOutside(std::string_view bytes, const std::vector<ON_FileSpan>&
   return libdeflate_crc32(sum, bytes.data() + at, bytes.size() - at);
 }
 
+// What stands behind that which is known of a chunk may hold chunks, and the stored sum tells:
+// those with which it comes out are added to `chunks`.
+void AddUnreadChunks(std::string_view body, std::uint64_t known, std::uint64_t width,
+                     std::uint32_t stored, std::vector<ON_FileSpan>& chunks) {
+  const auto start = static_cast<std::size_t>(known);
+  std::vector<ON_FileSpan> more = chunks;
+  for (const ON_FileSpan& unread : ChunksIn(body.substr(start), static_cast<std::size_t>(width))) {
+    more.push_back({unread.offset + known, unread.length});
+  }
+  if (SumOutside(body, more) == stored) chunks = std::move(more);
+}
+
+// The sum of a chunk's own bytes as they will be, from front to back.
+class OwnSum {
+ public:
+  OwnSum(std::string_view body, const std::vector<ON_FileSpan>& chunks)
+      : body_(body), chunks_(chunks) {}
+
+  // What stays, up to an offset, without the chunks in it.
+  void AddKept(std::uint64_t to) {
+    for (; next_ < chunks_.size() && chunks_[next_].offset < to; ++next_) {
+      AddBytes(chunks_[next_].offset);
+      at_ = std::max(at_, EndOf(chunks_[next_]));
+    }
+    AddBytes(to);
+  }
+  void AddChanged(std::uint64_t length, std::string_view bytes) {
+    sum_ = libdeflate_crc32(sum_, bytes.data(), bytes.size());
+    at_ += length;
+  }
+  std::uint32_t Value() const { return sum_; }
+
+ private:
+  void AddBytes(std::uint64_t to) {
+    if (to <= at_) return;
+    sum_ = libdeflate_crc32(sum_, body_.data() + at_, static_cast<std::size_t>(to - at_));
+    at_ = to;
+  }
+
+  std::string_view body_;
+  const std::vector<ON_FileSpan>& chunks_;
+  std::size_t next_ = 0;
+  std::uint64_t at_ = 0;
+  std::uint32_t sum_ = 0;
+};
+
 }  // namespace
 
 DocumentPatch::DocumentPatch(const DocumentSource& source, int version, unsigned opennurbs_version)
@@ -115,48 +161,32 @@ void DocumentPatch::MendLength(const OpenChunk& chunk) {
 void DocumentPatch::MendSum(OpenChunk& chunk, std::uint64_t read_to, std::uint64_t end) {
   if ((chunk.typecode & TCODE_CRC) == 0) return;
   const std::uint64_t sumAt = end - kSumSize;
-  const std::string body = source_.Bytes({chunk.body, end - chunk.body});
-  if (body.size() != end - chunk.body || body.size() < kSumSize) return;
-  const std::string_view own(body.data(), body.size() - kSumSize);
-  for (ON_FileSpan& child : chunk.children) child.offset -= chunk.body;
+  std::string own = source_.Bytes({chunk.body, end - chunk.body});
+  if (own.size() != end - chunk.body || own.size() < kSumSize) return;
   std::uint32_t stored = 0;
-  std::memcpy(&stored, body.data() + own.size(), kSumSize);
-  // What stands behind that which is known of the chunk may hold chunks; the sum tells.
+  std::memcpy(&stored, own.data() + own.size() - kSumSize, kSumSize);
+  own.resize(own.size() - kSumSize);
+  for (ON_FileSpan& child : chunk.children) child.offset -= chunk.body;
   if (SumOutside(own, chunk.children) != stored && read_to < sumAt) {
-    const auto known = static_cast<std::size_t>(read_to - chunk.body);
-    std::vector<ON_FileSpan> children = chunk.children;
-    for (const ON_FileSpan& unread : ChunksIn(own.substr(known), chunk.body - chunk.start - 4)) {
-      children.push_back({unread.offset + known, unread.length});
-    }
-    if (SumOutside(own, children) == stored) chunk.children = std::move(children);
+    AddUnreadChunks(own, read_to - chunk.body, chunk.body - chunk.start - kTypecodeSize, stored,
+                    chunk.children);
   }
 
+  OwnSum sum(own, chunk.children);
   std::vector<const Edit*> changes;
   for (std::size_t i = chunk.first_edit; i < edits_.size(); ++i) {
     if (edits_[i].owner == chunk.start) changes.push_back(&edits_[i]);
   }
   std::stable_sort(changes.begin(), changes.end(),
                    [](const Edit* a, const Edit* b) { return a->offset < b->offset; });
-  // The chunk's own bytes as they will be; nested chunks may stand among those that stay.
-  std::uint32_t sum = 0;
-  std::uint64_t at = 0;
-  auto child = chunk.children.begin();
-  const auto addKept = [&](std::uint64_t to) {
-    for (; child != chunk.children.end() && child->offset < to; ++child) {
-      if (child->offset > at) sum = libdeflate_crc32(sum, own.data() + at, child->offset - at);
-      at = std::max(at, EndOf(*child));
-    }
-    if (to > at) sum = libdeflate_crc32(sum, own.data() + at, to - at);
-    at = std::max(at, to);
-  };
   for (const Edit* change : changes) {
-    addKept(change->offset - chunk.body);
-    sum = libdeflate_crc32(sum, change->bytes.data(), change->bytes.size());
-    at += change->length;
+    sum.AddKept(change->offset - chunk.body);
+    sum.AddChanged(change->length, change->bytes);
   }
-  addKept(own.size());
+  sum.AddKept(own.size());
+  const std::uint32_t value = sum.Value();
   std::string bytes(kSumSize, '\0');
-  std::memcpy(bytes.data(), &sum, kSumSize);
+  std::memcpy(bytes.data(), &value, kSumSize);
   Add({sumAt, kSumSize, bytes, std::nullopt});
 }
 

@@ -154,62 +154,80 @@ bool PatchAttributes(DocumentPatch& patch, const ON_3dmObjectAttributes& before,
   return major == 1 ? PatchFixed(patch, minor, before, now) : PatchTagged(patch, before, now);
 }
 
-bool AreRemoved(const ON_UserStringList& before, const ON_UserStringList& now) {
-  return now.IsEmpty() && !before.IsEmpty();
-}
+// The chunks of attributes in a record.
+class AttributeChunks {
+ public:
+  AttributeChunks(DocumentPatch& patch, const AttributeTypecodes& typecodes,
+                  const ON_3dmObjectAttributes& before, const ON_3dmObjectAttributes& now)
+      : patch_(patch), typecodes_(typecodes), before_(before), now_(now) {}
 
-// What the record has no chunk for yet.
-std::string MissingChunks(const DocumentPatch& patch, const AttributeTypecodes& typecodes,
-                          const ON_3dmObjectAttributes& before, const ON_3dmObjectAttributes& now,
-                          bool has_attributes, bool has_user_data) {
-  const bool differ =
-      before.m_layer_index != now.m_layer_index || !DifferingItems(now, before).empty();
-  return patch.Written([&](ON_BinaryArchive& archive) {
-    if (!has_attributes && differ) {
-      const ChunkWriter chunk(archive, typecodes.attributes);
-      WriteAttributes(archive, now);
+  bool Patch() {
+    ON_BinaryArchive& archive = patch_.Archive();
+    while (archive.BytesLeft() > 0 && archive.PeekAt3dmChunkType() != typecodes_.end) {
+      if (!PatchNext(archive.PeekAt3dmChunkType())) return false;
     }
-    if (!has_user_data && before.m_user_strings.m_e != now.m_user_strings.m_e) {
-      WriteAttributeStrings(archive, now.m_user_strings, typecodes.user_data);
+    std::string missing =
+        patch_.Written([this](ON_BinaryArchive& chunks) { WriteMissing(chunks); });
+    if (!missing.empty()) patch_.ReplaceChunks(archive.CurrentPosition(), 0, std::move(missing));
+    return true;
+  }
+
+ private:
+  bool PatchNext(std::uint32_t typecode) {
+    if (typecode == typecodes_.attributes) {
+      has_attributes_ = true;
+      if (patch_.BeginChunk() == 0 || !PatchAttributes(patch_, before_, now_)) return false;
+      patch_.EndChunk();
+      return true;
     }
-  });
-}
+    if (typecode != typecodes_.user_data || has_user_data_) return patch_.SkipChunk();
+    has_user_data_ = true;
+    return PatchUserData();
+  }
+
+  // A chunk that would hold nothing any more goes.
+  bool PatchUserData() {
+    const std::uint64_t start = patch_.Archive().CurrentPosition();
+    const bool areRemoved = now_.m_user_strings.IsEmpty() && !before_.m_user_strings.IsEmpty();
+    if (areRemoved && HoldsOnlyUserStrings(patch_)) {
+      if (!patch_.SkipChunk()) return false;
+      patch_.ReplaceChunks(start, patch_.Archive().CurrentPosition() - start, {});
+      return true;
+    }
+    if (patch_.BeginChunk() == 0 ||
+        !PatchUserStrings(patch_, before_.m_user_strings, now_.m_user_strings)) {
+      return false;
+    }
+    patch_.EndChunk();
+    return true;
+  }
+
+  // What the record has no chunk for yet.
+  void WriteMissing(ON_BinaryArchive& archive) const {
+    const bool differ =
+        before_.m_layer_index != now_.m_layer_index || !DifferingItems(now_, before_).empty();
+    if (!has_attributes_ && differ) {
+      const ChunkWriter chunk(archive, typecodes_.attributes);
+      WriteAttributes(archive, now_);
+    }
+    if (!has_user_data_ && before_.m_user_strings.m_e != now_.m_user_strings.m_e) {
+      WriteAttributeStrings(archive, now_.m_user_strings, typecodes_.user_data);
+    }
+  }
+
+  DocumentPatch& patch_;
+  const AttributeTypecodes& typecodes_;
+  const ON_3dmObjectAttributes& before_;
+  const ON_3dmObjectAttributes& now_;
+  bool has_attributes_ = false;
+  bool has_user_data_ = false;
+};
 
 }  // namespace
 
 bool PatchAttributeChunks(DocumentPatch& patch, const AttributeTypecodes& typecodes,
                           const ON_3dmObjectAttributes& before, const ON_3dmObjectAttributes& now) {
-  ON_BinaryArchive& archive = patch.Archive();
-  bool hasAttributes = false, hasUserData = false;
-  std::uint64_t end = archive.CurrentPosition();
-  while (archive.BytesLeft() > 0) {
-    const bool isUserData = archive.PeekAt3dmChunkType() == typecodes.user_data;
-    if (isUserData && !hasUserData && AreRemoved(before.m_user_strings, now.m_user_strings) &&
-        HoldsOnlyUserStrings(patch)) {
-      hasUserData = true;
-      const std::uint64_t start = archive.CurrentPosition();
-      if (!patch.SkipChunk()) return false;
-      patch.ReplaceChunks(start, archive.CurrentPosition() - start, {});
-      continue;
-    }
-    const std::uint32_t typecode = patch.BeginChunk();
-    if (typecode == 0) return false;
-    bool ok = true;
-    if (typecode == typecodes.attributes) {
-      ok = PatchAttributes(patch, before, now);
-      hasAttributes = true;
-    } else if (typecode == typecodes.user_data) {
-      ok = hasUserData || PatchUserStrings(patch, before.m_user_strings, now.m_user_strings);
-      hasUserData = true;
-    }
-    patch.EndChunk();
-    if (!ok) return false;
-    if (typecode == typecodes.end) break;
-    end = archive.CurrentPosition();
-  }
-  std::string missing = MissingChunks(patch, typecodes, before, now, hasAttributes, hasUserData);
-  if (!missing.empty()) patch.ReplaceChunks(end, 0, std::move(missing));
-  return true;
+  return AttributeChunks(patch, typecodes, before, now).Patch();
 }
 
 bool PatchObject(DocumentPatch& patch, const ON_3dmObjectAttributes& before,

@@ -3,26 +3,19 @@
 namespace host {
 namespace {
 
-constexpr int kNormal = 0, kOff = 1, kLocked = 2;
-
-int ModeOf(const ON_Layer& layer) {
+// Since version 1.4 a field of its own tells of locked layers.
+int ModeOf(const ON_Layer& layer, int minor) {
+  constexpr int kNormal = 0, kOff = 1, kLocked = 2;
+  if (minor >= 4) return layer.m_visible ? kNormal : layer.m_locked ? kLocked : kOff;
   return !layer.m_visible ? kOff : layer.m_locked ? kLocked : kNormal;
 }
 
-// The mode stays where the fields of later versions, which also tell of off and locked, don't
-// contradict it.
+// Writers differ in the mode of a layer that is both off and locked; it stays unless that changes.
 bool PatchMode(DocumentPatch& patch, int minor, const ON_Layer& before, const ON_Layer& now) {
-  ON_BinaryArchive& archive = patch.Archive();
-  const std::uint64_t at = archive.CurrentPosition();
-  std::int32_t mode = 0;
-  if (!archive.ReadInt(&mode)) return false;
-  if (before.m_visible == now.m_visible && before.m_locked == now.m_locked) return true;
-  const bool fits = !(mode == kOff && now.m_visible) && !(mode == kLocked && !now.m_locked);
-  const bool isToldLater = (now.m_visible || minor >= 1) && (!now.m_locked || minor >= 4);
-  if (fits && isToldLater) return true;
-  patch.Replace(at, sizeof mode,
-                patch.Written([&](ON_BinaryArchive& field) { field.WriteInt(ModeOf(now)); }));
-  return true;
+  const bool changes = before.m_visible != now.m_visible || before.m_locked != now.m_locked;
+  constexpr int kOther = -1;
+  const int mode = ModeOf(now, minor);
+  return patch.Int(changes ? kOther : mode, mode);
 }
 
 bool PatchFirstFields(DocumentPatch& patch, int minor, const ON_Layer& before,

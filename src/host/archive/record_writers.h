@@ -38,7 +38,10 @@ std::vector<AttributeItem> DifferingItems(const ON_3dmObjectAttributes& attribut
 
 // The table of one plug-in.
 void WritePlugInData(ON_BinaryArchive& archive, const ONX_PlugInData& data);
-// The table in which a document keeps its own user strings; nothing when there are none.
+// What stands in the table in which a document keeps its own user strings.
+ONX_PlugInData DocumentUserStringsData(int version, unsigned opennurbs_version,
+                                       const ON_UserStringList& strings);
+// That table; nothing when there are none.
 void WriteDocumentUserStrings(ON_BinaryArchive& archive, const ON_UserStringList& strings);
 
 // The kinds of textures that materials before version 4 have, each at most once, in the order in

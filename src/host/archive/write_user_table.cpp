@@ -23,18 +23,24 @@ void WritePlugInData(ON_BinaryArchive& archive, const ONX_PlugInData& data) {
   });
 }
 
-void WriteDocumentUserStrings(ON_BinaryArchive& archive, const ON_UserStringList& strings) {
-  if (strings.IsEmpty()) return;
-  ON_BinaryArchive bytes(archive.Archive3dmVersion(), archive.ArchiveOpenNURBSVersion());
+ONX_PlugInData DocumentUserStringsData(int version, unsigned opennurbs_version,
+                                       const ON_UserStringList& strings) {
+  ON_BinaryArchive bytes(version, opennurbs_version);
   WriteClass(bytes, kDocumentUserStringsId, strings, [](ON_BinaryArchive& data) {
     const ChunkWriter empty(data, TCODE_ANONYMOUS_CHUNK, 1, 0);
   });
   ONX_PlugInData data;
   data.m_plugin_id = kDocumentUserStringsId;
-  data.m_archive_version = archive.Archive3dmVersion();
-  data.m_opennurbs_version = archive.ArchiveOpenNURBSVersion();
+  data.m_archive_version = version;
+  data.m_opennurbs_version = opennurbs_version;
   data.m_bytes = bytes.TakeBytes();
-  WritePlugInData(archive, data);
+  return data;
+}
+
+void WriteDocumentUserStrings(ON_BinaryArchive& archive, const ON_UserStringList& strings) {
+  if (strings.IsEmpty()) return;
+  WritePlugInData(archive, DocumentUserStringsData(archive.Archive3dmVersion(),
+                                                   archive.ArchiveOpenNURBSVersion(), strings));
 }
 
 }  // namespace host

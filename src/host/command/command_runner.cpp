@@ -32,7 +32,7 @@ CommandResult CommandRunner::RunNamed(const Answer& answer) {
   std::vector<std::string> candidates;
   CRhinoCommand* command = registry_.FindCommand(name, &candidates);
   if (command != nullptr) return Run(*command, scripted);
-  std::string message = "Unknown command '" + answer.Text + "'.";
+  std::string message = "Unknown command '" + answer.Text + "'; Help lists the commands.";
   if (!candidates.empty()) {
     message = "Command '" + answer.Text + "' is ambiguous: " + OneOf(candidates) + ".";
   }

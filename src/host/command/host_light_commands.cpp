@@ -102,18 +102,26 @@ std::string_view ProblemOf(Points points) {
                         : "It must not stand in line with the first two points.";
 }
 
+// Asks for one more point. Success, or what the command gives back.
+CommandResult AskForNextPoint(CRhinoCommandContext& context, std::string_view prompt,
+                              std::vector<ON_3dPoint>& points) {
+  points.emplace_back();
+  for (;;) {
+    const CommandResult asked = AskForPoint(context, prompt, points.back());
+    if (asked != CommandResult::success) return asked;
+    const std::string_view problem = ProblemOf(points);
+    if (problem.empty()) return CommandResult::success;
+    if (!context.m_input.Refuse(problem)) return CommandResult::failure;
+  }
+}
+
 // Asks for the points that a kind is made of. Success, or what the command gives back.
 CommandResult AskForPoints(CRhinoCommandContext& context, const LightKind& kind,
                            std::vector<ON_3dPoint>& points) {
   for (const std::string_view prompt : kind.Prompts) {
     if (prompt.empty()) break;
-    points.emplace_back();
-    for (std::string_view problem = "unknown"; !problem.empty();) {
-      const CommandResult asked = AskForPoint(context, prompt, points.back());
-      if (asked != CommandResult::success) return asked;
-      problem = ProblemOf(points);
-      if (!problem.empty() && !context.m_input.Refuse(problem)) return CommandResult::failure;
-    }
+    const CommandResult asked = AskForNextPoint(context, prompt, points);
+    if (asked != CommandResult::success) return asked;
   }
   return CommandResult::success;
 }
@@ -127,6 +135,16 @@ ON_3dmObjectAttributes NewAttributes(const CRhinoDoc& doc, const std::string& na
   return attributes;
 }
 
+ON_Light LightOf(const LightKind& kind, const LightLook& look, Points points) {
+  ON_Light light;
+  light.m_style = kind.Style;
+  light.m_diffuse = look.Color;
+  light.m_light_name = look.Name;
+  if (light.IsSpotLight()) light.m_spot_angle = look.SpotAngle;
+  kind.Place(points, light);
+  return light;
+}
+
 CommandResult RunAddLight(CRhinoCommandContext& context) {
   LightLook look;
   CommandResult ended = CommandResult::success;
@@ -135,15 +153,10 @@ CommandResult RunAddLight(CRhinoCommandContext& context) {
   std::vector<ON_3dPoint> points;
   ended = AskForPoints(context, *kind, points);
   if (ended != CommandResult::success) return ended;
-  ON_Light light;
-  light.m_style = kind->Style;
-  light.m_diffuse = look.Color;
-  light.m_light_name = look.Name;
-  if (kind->Style == ON_LightStyle::world_spot) light.m_spot_angle = look.SpotAngle;
-  kind->Place(points, light);
   CRhinoDoc& doc = context.m_doc;
-  const int index = doc.m_light_table.AddLight(light, NewAttributes(doc, look.Name));
-  const unsigned number = doc.m_light_table.At(index)->RuntimeSerialNumber();
+  const int index =
+      doc.m_light_table.AddLight(LightOf(*kind, look, points), NewAttributes(doc, look.Name));
+  const unsigned number = doc.Lights()[static_cast<std::size_t>(index)]->RuntimeSerialNumber();
   RhinoApp().Print(std::string(kind->Name) + " light added, serial number " +
                    std::to_string(number) + ".\n");
   return CommandResult::success;

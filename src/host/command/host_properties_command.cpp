@@ -38,8 +38,19 @@ CommandResult ListPages(const std::vector<CRhinoDialogPage*>& pages, CRhinoDoc& 
   return CommandResult::success;
 }
 
+// Why nothing can be done with the page of that name; empty when nothing speaks against it.
+std::string PageObjection(const CRhinoDialogPage* page, const std::string& name,
+                          const std::vector<std::string>& titles, CRhinoDoc& doc) {
+  if (page == nullptr) {
+    return "There is no page '" + name + "'" + (titles.empty() ? "" : "; expected ") +
+           OneOf(titles) + ".";
+  }
+  if (page->IsOffered(doc)) return {};
+  return std::string(page->Title()) + " needs objects of its kind in the selection.";
+}
+
 // Why a user can't change the control of that name; empty when nothing speaks against it.
-std::string Objection(const CRhinoDialogPage& page, const std::string& name) {
+std::string ControlObjection(const CRhinoDialogPage& page, const std::string& name) {
   const std::vector<CRhinoControl> controls = page.Controls();
   const int index = FindControl(controls, name);
   const std::string title(page.Title());
@@ -91,7 +102,7 @@ CommandResult EditPage(CRhinoCommandContext& context, CRhinoDialogPage& page) {
   get.SetCommandPrompt("Control (Enter lists the page)");
   get.AcceptNothing();
   get.SetWords(std::move(names));
-  get.SetCheck([&page](const std::string& name) { return Objection(page, name); });
+  get.SetCheck([&page](const std::string& name) { return ControlObjection(page, name); });
   const CRhinoGet::Result result = get.GetString();
   if (result == CRhinoGet::Result::nothing) {
     RhinoApp().Print(DescribePage(page));
@@ -112,11 +123,8 @@ CommandResult RunProperties(const CommandRegistry& registry, CRhinoCommandContex
   get.AcceptNothing();
   get.AddCommandOption("Json");
   get.SetWords(titles);
-  get.SetCheck([&](const std::string& name) -> std::string {
-    const CRhinoDialogPage* page = FindPage(all, titles, name);
-    if (page == nullptr) return "There is no page '" + name + "'; expected " + OneOf(titles) + ".";
-    if (page->IsOffered(context.m_doc)) return {};
-    return std::string(page->Title()) + " needs objects of its kind in the selection.";
+  get.SetCheck([&](const std::string& name) {
+    return PageObjection(FindPage(all, titles, name), name, titles, context.m_doc);
   });
   switch (get.GetString()) {
     case CRhinoGet::Result::nothing:

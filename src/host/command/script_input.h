@@ -24,7 +24,7 @@ class ScriptInput : public InputSource {
   bool Refuse(std::string_view message) override;
   bool IsInteractive() const override { return false; }
 
-  // Why the script was ended early: "job.txt, line 3: Unknown command 'Foo'."; empty when it
+  // Why the script was ended early: "job.txt, line 3: Unknown command 'Foo'; ..."; empty when it
   // wasn't.
   const std::string& Error() const { return error_; }
   // Whether it has or had an Error.

@@ -80,7 +80,8 @@ bool CRhinoApp::SaveDocument(std::string_view path) {
     if (!WrittenBy(*entry.plug_in, &bytes)) {
       return refuse("the data of plug-in " + PlugInName(doc_, id) + " can't be written");
     }
-    if (entry.content != bytes) changed.push_back({id, std::move(bytes)});
+    const bool isUnchanged = entry.content.has_value() && *entry.content == bytes;
+    if (!isUnchanged) changed.push_back({id, std::move(bytes)});
   }
   DocumentSaver saver(doc_, std::move(changed));
   const SaveResult result = saver.Save(path);

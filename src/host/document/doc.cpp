@@ -49,6 +49,7 @@ void CRhinoDoc::SetModel(ONX_Model model, std::string path) {
   m_dimstyle_table = CRhinoDimStyleTable(std::move(model.m_dimstyle_table));
   m_instance_definition_table = CRhinoInstanceDefinitionTable(std::move(model.m_idef_table));
   m_user_strings = std::move(model.m_document_user_strings);
+  source_user_strings_ = m_user_strings;
   plugin_data_ = std::move(model.m_userdata_table);
   unread_ = std::move(model.m_unread);
   problems_ = std::move(model.m_problems);

@@ -170,6 +170,7 @@ class CRhinoDoc {
   // The file that it was opened from or saved to last; null for a new document.
   std::shared_ptr<const DocumentSource> source_;
   SourceCounts source_counts_;
+  ON_UserStringList source_user_strings_;
   int file_version_ = 0;
   unsigned library_version_ = 0;
   ON_3dmProperties file_properties_;

@@ -72,7 +72,8 @@ class DocumentSaver {
   };
   std::vector<NewRecord> NewRecords(std::uint32_t table) const;
   ONX_PlugInData DataOf(const PlugInContent& plug_in) const;
-  void WritePlugIn(ON_BinaryArchive& archive, const PlugInContent& plug_in) const;
+  // Its table; no bytes when it has nothing.
+  std::string UserTable(const PlugInContent& plug_in) const;
 
   [[nodiscard]] bool Write(std::string_view path, std::string* error);
   void Adopt(std::string_view path);

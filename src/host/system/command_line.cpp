@@ -24,6 +24,12 @@ std::vector<std::string> SplitCommandLine(std::string_view line) {
   return words;
 }
 
+void UseNativeNames(std::vector<std::string>& words) {
+  for (std::string& word : words) {
+    if (word.find('\\') != std::string::npos && FileExists(word)) word = NativePath(word).string();
+  }
+}
+
 bool IsBatchFile(std::string_view path) {
   return EqualNoCase(SplitPath(path).Extension, ".bat") && FileExists(path);
 }
@@ -38,6 +44,7 @@ std::optional<std::vector<std::vector<std::string>>> ReadBatchFile(std::string_v
     std::string_view line = std::string_view(*text).substr(begin, end - begin);
     if (line.ends_with('\r')) line.remove_suffix(1);
     std::vector<std::string> words = SplitCommandLine(line);
+    UseNativeNames(words);
     if (!words.empty()) lines.push_back(std::move(words));
     begin = end + 1;
   }

@@ -9,6 +9,7 @@
 
 #include "host/system/environment.h"
 #include "host/system/file.h"
+#include "host/system/file_replacement.h"
 #include "host/system/path.h"
 
 namespace host {

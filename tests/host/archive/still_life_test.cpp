@@ -6,18 +6,25 @@
 #include <string>
 
 #include "host/archive/model_reader.h"
+#include "support/camera_paths.h"
 #include "support/model_writer.h"
 #include "support/temp_folder.h"
 
 namespace {
 
 const char* const kExample = ORV_TEST_FOLDER "/../../../examples/still_life.3dm";
+const char* const kPaths = ORV_TEST_FOLDER "/../../../examples/camera_paths.3dm";
 
 TEST(StillLife, TheFileInTheExamplesIsWhatTheProgramMakes) {
   const std::string bytes = WriteModel(StillLife());
   EXPECT_LT(bytes.size(), 300'000u);
   EXPECT_TRUE(FileContent(kExample) == bytes)
-      << "make it anew: example_model examples/still_life.3dm";
+      << "make it anew: example_model examples";
+}
+
+TEST(CameraPaths, TheFileInTheExamplesIsWhatTheProgramMakes) {
+  EXPECT_TRUE(FileContent(kPaths) == WriteModel(CameraPaths()))
+      << "make it anew: example_model examples";
 }
 
 TEST(StillLife, TheFileInTheExamplesIsReadWithoutProblems) {

@@ -200,14 +200,15 @@ TEST_F(CommandRunnerTest, DashMeansWithoutDialogs) {
 TEST_F(CommandRunnerTest, UnknownCommandStopsAScript) {
   EXPECT_EQ(Run("Good\nNonsense Good"), CommandResult::failure);
   EXPECT_THAT(ran_, ElementsAre("Good"));
-  EXPECT_EQ(error_, "-c, line 2: Unknown command 'Nonsense'.");
+  EXPECT_EQ(error_, "-c, line 2: Unknown command 'Nonsense'; Help lists the commands.");
 }
 
 TEST_F(CommandRunnerTest, PersonMayGoOnAfterAnUnknownCommand) {
   TypedInput input({"Nonsense", "Good"});
   EXPECT_EQ(Run(input), CommandResult::failure);
   EXPECT_THAT(ran_, ElementsAre("Good with dialogs"));
-  EXPECT_THAT(input.Refusals(), ElementsAre("Unknown command 'Nonsense'."));
+  EXPECT_THAT(input.Refusals(),
+              ElementsAre("Unknown command 'Nonsense'; Help lists the commands."));
 }
 
 TEST_F(CommandRunnerTest, AmbiguousCommandTellsTheCandidates) {

@@ -194,10 +194,11 @@ TEST_F(HostCommandsTest, EveryCommandTellsWhatItDoesAndAsksFor) {
     EXPECT_TRUE(command->Usage().ends_with('\n')) << names.back();
   }
   EXPECT_THAT(names, ElementsAre("AddLight", "AddMaterial", "DeleteLight", "DocumentInfo", "Exit",
-                                 "Export", "Help", "Hide", "Import", "Open", "Redo", "SelAll",
-                                 "SelId", "SelLayer", "SelMaterial", "SelName", "SelNone",
-                                 "SelType", "SetObjectLayer", "SetObjectMaterial", "SetObjectName",
-                                 "SetUserText", "SetView", "Show", "Undo", "What"));
+                                 "Export", "Help", "Hide", "Import", "MoveObject", "Open",
+                                 "Properties", "Redo", "Save", "SaveAs", "SelAll", "SelId",
+                                 "SelLayer", "SelMaterial", "SelName", "SelNone", "SelType",
+                                 "SetLight", "SetObjectLayer", "SetObjectMaterial", "SetObjectName",
+                                 "SetUserText", "SetView", "Show", "Undo", "ViewCamera", "What"));
   std::sort(ids.begin(), ids.end());
   EXPECT_EQ(std::adjacent_find(ids.begin(), ids.end()), ids.end());
 }

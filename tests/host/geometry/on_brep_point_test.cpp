@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "host/geometry/on_brep.h"
+#include "host/geometry/on_nurbs_curve.h"
 #include "host/geometry/on_plane_surface.h"
 #include "support/brep_shapes.h"
 #include "surface_checks.h"
@@ -128,6 +129,32 @@ TEST(ClosestBrepPoint, OfASmallPieceOfALargeSurface) {
   ExpectPointsAgree({10, 10, 0}, Closest(*piece, {-500, -500, 300}).at.point, 1e-6);
   ExpectPointsAgree({11, 10.5, 0}, Closest(*piece, {12, 10.5, 1}).at.point, 1e-6);
   ExpectPointsAgree({10.3, 10.6, 0}, Closest(*piece, {10.3, 10.6, 1}).at.point, 1e-9);
+}
+
+// The lower side is a curve of many small waves.
+TEST(ClosestBrepPoint, OfAFaceWhoseBoundaryHasThousandsOfSpans) {
+  const auto piece = SmallPiece();
+  constexpr int kCount = 5000;
+  ON_SimpleArray<ON_4dPoint> cvs;
+  std::vector<double> knots{0};
+  for (int i = 0; i < kCount; ++i) {
+    const double wave = i == 0 || i == kCount - 1 ? 0 : 0.002 * (i % 2);
+    cvs.push_back({10 + static_cast<double>(i) / (kCount - 1), 10 + wave, 0, 1});
+    if (i > 0) knots.push_back(i - 1);
+  }
+  knots.push_back(knots.back());
+  const auto side = std::make_shared<ON_NurbsCurve>();
+  side->Create(3, {knots.begin(), knots.end()}, std::move(cvs));
+  ASSERT_TRUE(side->IsValid());
+  ON_BrepTrim& trim = piece->m_T[0];
+  trim.m_domain = side->Domain();
+  piece->m_C2[static_cast<std::size_t>(trim.m_c2i)] = side;
+  const ON_3dPoint below = Closest(*piece, {10.5, 9, 0}).at.point;
+  EXPECT_NEAR(below.x, 10.5, 1e-3);
+  EXPECT_NEAR(below.y, 10.001, 1e-3);
+  ExpectPointsAgree({10.5, 10.1, 0}, Closest(*piece, {10.5, 10.1, 3}).at.point, 1e-9);
+  EXPECT_TRUE(ON_PointOnBrepFace(*piece, 0, 10.5, 10.1));
+  EXPECT_FALSE(ON_PointOnBrepFace(*piece, 0, 10.5, 9.9));
 }
 
 TEST(ClosestBrepPoint, ThereIsOneForEveryPoint) {

@@ -73,4 +73,14 @@ TEST(CommandLine, OnlyAFileWithTheExtensionIsABatchFile) {
   EXPECT_EQ(host::ReadBatchFile(folder.File("none.bat")), std::nullopt);
 }
 
+TEST(CommandLine, ExistingFilesHaveTheSystemsSeparators) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("a.rib"), "");
+  const std::string name = folder.Path().string() + "\\a.rib";
+  const std::string missing = folder.Path().string() + "\\b.rib";
+  std::vector<std::string> words = {"orv.exe", name, missing, "C:\\t\\a.rib", "-p"};
+  host::UseNativeNames(words);
+  EXPECT_THAT(words, ElementsAre("orv.exe", folder.File("a.rib"), missing, "C:\\t\\a.rib", "-p"));
+}
+
 }  // namespace

@@ -15,6 +15,7 @@
 #include <thread>
 #include <vector>
 
+#include "host/system/file_replacement.h"
 #include "host/system/interrupt.h"
 #include "support/process.h"
 #include "support/temp_folder.h"
@@ -390,6 +391,78 @@ TEST(ReplaceFile, RefusesWhatIsNoFileOrHasNoFolder) {
   EXPECT_FALSE(ReplaceFile("/dev/full", "text"));
   EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
   EXPECT_FALSE(ReplaceFile("", "text"));
+}
+
+TEST(FileReplacement, PutsTogetherWhatIsWrittenAndCopied) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("old"), "0123456789");
+  const FileReader old(folder.File("old"));
+  FileReplacement file(folder.File("old"));
+  ASSERT_TRUE(file.IsOpen());
+  file.Write("<");
+  file.Copy(old, 2, 3);
+  file.Copy(old, 9, 1);
+  file.Write(">");
+  EXPECT_EQ(FileContent(folder.File("old")), "0123456789");
+  EXPECT_TRUE(file.Commit());
+  EXPECT_EQ(FileContent(folder.File("old")), "<2349>");
+  EXPECT_EQ(NamesIn(folder.Path()), Names{"old"});
+}
+
+TEST(FileReplacement, CopiesMoreThanOneBlock) {
+  const TempFolder folder;
+  std::string content(5'000'000, 'a');
+  for (std::size_t i = 0; i < content.size(); i += 1000) content[i] = static_cast<char>(i / 1000);
+  WriteFileContent(folder.File("large"), content);
+  const FileReader large(folder.File("large"));
+  FileReplacement file(folder.File("copy"));
+  file.Copy(large, 0, 1);
+  file.Copy(large, 1, content.size() - 1);
+  EXPECT_TRUE(file.Commit());
+  EXPECT_TRUE(FileContent(folder.File("copy")) == content);
+}
+
+TEST(FileReplacement, WithoutACommitNothingHappens) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("old"), "old");
+  {
+    FileReplacement file(folder.File("old"));
+    file.Write("new");
+  }
+  EXPECT_EQ(FileContent(folder.File("old")), "old");
+  EXPECT_EQ(NamesIn(folder.Path()), Names{"old"});
+}
+
+TEST(FileReplacement, AFileThatEndsBeforeTheStretchIsAnError) {
+  const TempFolder folder;
+  WriteFileContent(folder.File("short"), "0123");
+  const FileReader source(folder.File("short"));
+  FileReplacement file(folder.File("copy"));
+  file.Copy(source, 2, 3);
+  EXPECT_TRUE(file.HasError());
+  EXPECT_FALSE(file.Commit());
+  EXPECT_EQ(LastSystemError(), "Input/output error");
+  EXPECT_EQ(NamesIn(folder.Path()), Names{"short"});
+}
+
+TEST(FileReader, TellsWhenItsFileIsWrittenToOrAnotherTakesItsName) {
+  const TempFolder folder;
+  const std::string path = folder.File("a.3dm");
+  WriteFileContent(path, "one");
+  WriteFileContent(folder.File("b.3dm"), "two");
+  const FileReader file(path);
+  EXPECT_TRUE(file.IsUnchanged());
+  EXPECT_TRUE(file.IsAt(path));
+  EXPECT_FALSE(file.IsAt(folder.File("b.3dm")));
+  std::filesystem::rename(folder.File("b.3dm"), path);
+  EXPECT_TRUE(file.IsUnchanged());
+  EXPECT_FALSE(file.IsAt(path));
+  const FileReader other(path);
+  WriteFileContent(path, "three");
+  EXPECT_FALSE(other.IsUnchanged());
+  EXPECT_TRUE(other.IsAt(path));
+  std::filesystem::remove(path);
+  EXPECT_FALSE(other.IsAt(path));
 }
 
 TEST(ReplaceFile, WorksInTheCurrentFolder) {
