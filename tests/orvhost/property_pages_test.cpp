@@ -1,3 +1,5 @@
+#include <nlohmann/json.hpp>
+
 #include "program_fixture.h"
 #include "support/shader_writer.h"
 #include "tools/renderer_bench.h"
@@ -7,6 +9,7 @@
 
 namespace {
 
+using nlohmann::json;
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::EndsWith;
@@ -32,6 +35,32 @@ class PropertyPages : public ProgramTest {
                      {1, "SpecularRoughness", FloatBytes({0.1F})},
                      {0, "ColorMapName", StringBytes("")}};
     WriteFileContent(folder_.File("orv/shaders/" + name + ".slb"), shader.Bytes());
+  }
+  // Gives the controls of a page these values, saves the document and expects them to be shown when
+  // it is opened again.
+  void ExpectKept(const std::string& selection, const std::string& page,
+                  const std::vector<std::pair<std::string, std::string>>& values) const {
+    std::string script = selection;
+    for (const auto& [id, value] : values) {
+      script += " Properties \"" + page + "\" " + id + " \"" + value + '"';
+    }
+    Print(kStillLife, script + " SaveAs kept.3dm");
+    const std::string text = Print(folder_.File("kept.3dm"), selection + " Properties Json");
+    const json pages = json::parse(text.substr(text.find('{')))["objects"];
+    for (const json& shown : pages) {
+      if (shown["title"] != page) continue;
+      for (const auto& [id, value] : values) {
+        EXPECT_EQ(ValueOf(shown["controls"], id), value) << page << ' ' << id;
+      }
+      return;
+    }
+    ADD_FAILURE() << "no page " << page;
+  }
+  static std::string ValueOf(const json& controls, const std::string& id) {
+    for (const json& control : controls) {
+      if (control["id"] == id) return control["value"];
+    }
+    return "no control";
   }
   // What a run with the script on the document printed.
   std::string Print(const std::string& model, const std::string& script, int status = 0) const {
@@ -86,6 +115,79 @@ TEST_F(PropertyPages, LightsAreSavedAndExported) {
   EXPECT_THAT(
       rib.substr(0, rib.find("AttributeBegin")),
       AllOf(HasSubstr("\"intensity\" [ 2.5 ]"), HasSubstr("\"float shadowsamples\" [1024]")));
+}
+
+TEST_F(PropertyPages, EveryControlOfALightIsKept) {
+  ExpectKept("SelType Light", "Orv Light",
+             {{"Enabled", "No"},
+              {"Channel", "9"},
+              {"Color", "255,0,51"},
+              {"Intensity", "2.5"},
+              {"Falloff", "Squared"},
+              {"EmitDiffuse", "No"},
+              {"EmitSpecular", "No"},
+              {"EmitPhotons", "Yes"},
+              {"Photons", "1.5"},
+              {"ShadowColor", "0,51,255"},
+              {"ShadowIntensity", "0.4"},
+              {"ShadowSamples", "64"},
+              {"ShadowBlur", "0.2"},
+              {"AreaType", "Portal"},
+              {"InCamera", "Yes"},
+              {"Reflected", "Yes"},
+              {"Texture", "maps/lamp.ies"},
+              {"UseTexture", "Yes"},
+              {"Archive", "lamp.rib"},
+              {"UseArchive", "No"}});
+}
+
+TEST_F(PropertyPages, EveryControlOfAnObjectIsKept) {
+  ExpectKept("SelName Vase", "OrvObject",
+             {{"VisibleToCamera", "No"},
+              {"Reflected", "No"},
+              {"CastShadow", "No"},
+              {"BackFace", "No"},
+              {"UseLineWidth", "Yes"},
+              {"LineWidth", "3"},
+              {"LineColor", "255,0,51"},
+              {"UseLineColor", "Yes"},
+              {"ShadeCurves", "Yes"},
+              {"PointType", "sprite"},
+              {"CurveType", "ribbon"},
+              {"RenderMesh", "No"},
+              {"UseFlatness", "Yes"},
+              {"Flatness", "0.35"},
+              {"SubdivisionMesh", "Yes"},
+              {"WeldPolyVerts", "Yes"},
+              {"ArchiveMode", "Substitute archive"},
+              {"Archive", "vase.rib"},
+              {"UseMeshFile", "Bake and use"},
+              {"MeshFile", "vase.obj"}});
+}
+
+TEST_F(PropertyPages, EveryControlOfAMaterialIsKept) {
+  ExpectKept("SelName Vase", "OrvMaterial",
+             {{"Color", "255,0,51"},
+              {"Name", "Glaze"},
+              {"Transparency", "0.25"},
+              {"ShadingSamples", "4"},
+              {"DisplacementMode", "Mesh displacement"},
+              {"ComplexShadow", "Yes"},
+              {"InstancerBound", "20"},
+              {"HideInstancerBase", "Yes"},
+              {"Displacement", "Dents"},
+              {"Surface", "Plastic"},
+              {"Surface.Ka", "0.75"}});
+}
+
+TEST_F(PropertyPages, AChangeIsOneStepForUndo) {
+  const std::string text = Print(kStillLife,
+                                 "SelName Vase Properties OrvMaterial Color 1,2,3 "
+                                 "Properties OrvObject Camera No "
+                                 "SelType Light Properties \"Orv Light\" Rays: 3 Undo Undo Undo "
+                                 "SelNone SelName Vase Properties OrvMaterial Enter");
+  EXPECT_THAT(text, AllOf(HasSubstr("Light Properties change"), HasSubstr("Orv object change"),
+                          HasSubstr("Orv Material change"), HasSubstr("Layer material")));
 }
 
 TEST_F(PropertyPages, EachPageNeedsItsOwnKind) {
