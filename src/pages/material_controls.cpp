@@ -5,89 +5,30 @@
 
 #include "pages/material_changes.h"
 #include "pages/material_editor.h"
-#include "pages/property_row.h"
+#include "pages/material_fields.h"
 #include "pages/property_undo.h"
 
 namespace orv {
 namespace {
 
-using Record = MaterialAttributes;
 using Kind = CRhinoControlKind;
-using Row = PropertyRow<Record, bool Record::*>;
 using Controls = std::vector<MaterialControl>;
 
-constexpr std::string_view kTransparencies[] = {"0.0", "0.1", "0.2", "0.3", "0.4", "0.5",
-                                                "0.6", "0.7", "0.8", "0.9", "1.0"};
-constexpr std::string_view kSamples[] = {"1", "2", "4", "8", "16"};
-constexpr std::string_view kDisplacementModes[] = {"Off", "Bump only", "Regular displacement",
-                                                   "Mesh displacement"};
-constexpr std::string_view kExtents[] = {"0.1", "0.2", "0.5", "1",   "2",   "5",
-                                         "10",  "20",  "50",  "100", "500", "1000"};
-
-// A control that stands for one field of the material.
-struct Field {
-  // Which changes give an object a material of its own first.
-  enum class Force { never, whenTyped, always };
-
-  Row Control;
-  Force Forces = Force::never;
-};
-
-constexpr Field kName[] = {{{"Name", "Name:", Kind::edit, &Record::Name, &Record::NameChanged}}};
-
-constexpr Field kLook[] = {
-    {{"Color", "Color", Kind::color, &Record::Diffuse, &Record::ColorChanged},
-     Field::Force::always},
-    {{"Transparency",
-      "Transparency",
-      Kind::combo,
-      &Record::Transparency,
-      &Record::TransparencyChanged,
-      {kTransparencies, {0, 1}}},
-     Field::Force::whenTyped},
-    {{"ShadingSamples",
-      "Shading samples",
-      Kind::combo,
-      &Record::ShadingSamples,
-      &Record::ShadingSamplesChanged,
-      {kSamples, {1, 32}}}},
-};
-
-constexpr Field kShape[] = {
-    {{"DisplacementMode",
-      "Displace mode:",
-      Kind::combo,
-      &Record::DisplacementMode,
-      &Record::DisplacementModeChanged,
-      {kDisplacementModes}}},
-    {{"ComplexShadow", "Surface modifies transparency", Kind::check, &Record::ComplexShadow,
-      &Record::ComplexShadowChanged}},
-    {{"InstancerBound",
-      "Extent:",
-      Kind::combo,
-      &Record::InstancerBound,
-      &Record::InstancerBoundChanged,
-      {kExtents, {0, 1000000}}}},
-    {{"HideInstancerBase", "Hide base", Kind::check, &Record::HideInstancerBase,
-      &Record::HideInstancerBaseChanged}},
-};
-
-std::string ChangeField(const Field& field, MaterialEditor& editor, CRhinoDoc& doc,
+std::string ChangeField(const MaterialField& field, MaterialEditor& editor, CRhinoDoc& doc,
                         std::string_view value) {
   MaterialAttributes change;
   std::string problem = field.Control.Read(value, change);
   if (!problem.empty()) return problem;
   change.*field.Control.Changed = true;
-  const bool isTyped = !IsChoice(value, field.Control.Rule);
   const PropertyUndo undo(doc, kMaterialUndo);
-  if (field.Forces == Field::Force::always || (field.Forces == Field::Force::whenTyped && isTyped))
-    editor.ForceBasicMaterial(doc);
+  if (field.ForcesBasicMaterial(value)) editor.ForceBasicMaterial(doc);
   editor.Apply(doc, change);
   return {};
 }
 
-void AddFields(std::span<const Field> fields, const MaterialEditor& shown, Controls& controls) {
-  for (const Field& field : fields) {
+void AddFields(std::span<const MaterialField> fields, const MaterialEditor& shown,
+               Controls& controls) {
+  for (const MaterialField& field : fields) {
     controls.push_back(
         {field.Control.Control(shown.Current()),
          [&field](MaterialEditor& editor, CRhinoCommandContext& context, std::string_view value) {
@@ -240,12 +181,12 @@ void AddRows(const MaterialEditor& shown, Controls& controls) {
 std::vector<MaterialControl> MaterialControls(const MaterialEditor& editor) {
   Controls controls;
   AddText("MaterialSource", "", editor.SourceCaption(), controls);
-  AddFields(kName, editor, controls);
+  AddFields(MaterialNameFields(), editor, controls);
   AddMaterialButtons(editor, controls);
-  AddFields(kLook, editor, controls);
+  AddFields(MaterialLookFields(), editor, controls);
   AddPreview(editor, controls);
   AddSlots(editor, controls);
-  AddFields(kShape, editor, controls);
+  AddFields(MaterialShapeFields(), editor, controls);
   AddRows(editor, controls);
   return controls;
 }
