@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "pages/document_page.h"
 
 // The pages of the document's properties, in their order: the first is the parent of the others.

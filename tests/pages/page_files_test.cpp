@@ -118,6 +118,18 @@ TEST_F(PageFiles, TheButtonsOfSettingsActAsTheCommands) {
   RhinoApp().CommandWindow().SetSink({});
 }
 
+TEST_F(PageFiles, TheButtonsTellWhatTheCommandsTell) {
+  std::string messages;
+  RhinoApp().CommandWindow().SetSink([&](std::string_view text) { messages += text; });
+  const auto page = Opened<CDocPageDlg>();
+  TypedInput input({}, TypedInput::By::script);
+  CRhinoCommandContext context(doc_, input, false);
+  EXPECT_EQ(page->Change(context, "LoadSettings", folder_.File("none.ors")), "It was not done.");
+  EXPECT_EQ(page->Change(context, "SaveSettings", folder_.File("no/such.ors")), "It was not done.");
+  RhinoApp().CommandWindow().SetSink({});
+  EXPECT_EQ(messages, "Unable to load settings.\nUnable to save settings.\n");
+}
+
 TEST_F(PageFiles, CurvesWithNamesAreSuggested) {
   ONX_Model model;
   const auto add = [&model](const std::string& name, std::shared_ptr<ON_Geometry> geometry) {

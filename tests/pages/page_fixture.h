@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -32,14 +31,6 @@ class PageTest : public testing::Test {
   }
   static std::string Value(const CRhinoDialogPage& page, const std::string& id) {
     return Control(page, id).Value;
-  }
-  // The ids of the controls that a user can change, in their order.
-  static std::vector<std::string> Usable(const CRhinoDialogPage& page) {
-    std::vector<std::string> ids;
-    for (const CRhinoControl& control : page.Controls()) {
-      if (control.IsShown && control.IsEnabled) ids.push_back(control.Id);
-    }
-    return ids;
   }
 
   // Changes a control; what a person answers to the prompts that come of it.
