@@ -9,6 +9,7 @@
 #include "host/command/plugin.h"
 #include "host/geometry/on_user_string_list.h"
 #include "interactive/interactive_render.h"
+#include "jobs/material_page_state.h"
 #include "settings/render_settings.h"
 #include "settings/user_values.h"
 #include "shading/texture_converter.h"
@@ -44,6 +45,9 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
 
   // Converts the images of exports, into the user's folder for textures.
   TextureConverter& Textures();
+
+  // What all material pages share.
+  MaterialPageState& MaterialPages() { return material_pages_; }
 
   // The live connection to an interactive renderer.
   InteractiveRender& Live() { return live_; }
@@ -84,6 +88,7 @@ class CSceneOutPlugIn : public CRhinoFileExportPlugIn {
   ON_UserStringList user_strings_;
   UserValues user_;
   TextureConverter textures_;
+  MaterialPageState material_pages_;
   InteractiveRender live_{user_strings_, user_, textures_};
   std::vector<std::unique_ptr<CRhinoCommand>> owned_commands_;
   std::vector<CRhinoCommand*> commands_;

@@ -19,6 +19,9 @@
 #include "jobs/version_increment_command.h"
 #include "jobs/write_archive_command.h"
 #include "pages/document_pages.h"
+#include "pages/light_page.h"
+#include "pages/material_page.h"
+#include "pages/object_page.h"
 #include "side_export/export_vrml_command.h"
 
 namespace {
@@ -63,6 +66,10 @@ class Module {
     plug_in_.AddDocumentPage<orv::CTweakDlg>();
     plug_in_.AddDocumentPage<orv::CBakeDlg>();
     plug_in_.AddDocumentPage<orv::CGenDlg>();
+
+    plug_in_.AddObjectPage<orv::CLightPropPageDlg>();
+    plug_in_.AddObjectPage<orv::CMatDlg>();
+    plug_in_.AddObjectPage<orv::CObjectDlg>();
   }
 
  private:

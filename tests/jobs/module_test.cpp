@@ -83,6 +83,14 @@ TEST_F(Module, HasThePagesOfTheDocument) {
                                   "Orv Bake", "Orv Plugin"));
 }
 
+TEST_F(Module, HasThePagesOfObjects) {
+  CRhinoFileExportPlugIn::Pages pages;
+  module_->PlugIn().AddPagesToObjectPropertiesDialog(pages);
+  std::vector<std::string> titles;
+  for (const auto& page : pages) titles.emplace_back(page->Title());
+  EXPECT_THAT(titles, ElementsAre("Orv Light", "OrvMaterial", "OrvObject"));
+}
+
 TEST_F(Module, TheManualHasARowForEachCommand) {
   std::istringstream manual(FileContent(ORV_TEST_FOLDER "/../../docs/scripting.md"));
   std::set<std::string> listed;

@@ -150,6 +150,8 @@ std::vector<HostCommand::Row> PropertiesCommands(const CommandRegistry& registry
        "A check is Yes or No, a colour 255,128,0 or #ff8000. A file is its name, or ... to be "
        "asked\n"
        "for it. A button that needs nothing takes Enter. Json prints all pages as JSON.\n",
-       [&registry](CRhinoCommandContext& context) { return RunProperties(registry, context); }},
+       [&registry](CRhinoCommandContext& context) { return RunProperties(registry, context); },
+       // Pages make records of their own.
+       false},
   };
 }

@@ -1,0 +1,39 @@
+// Material files of the material page.
+
+#include "host/document/app.h"
+#include "jobs/plugin.h"
+#include "pages/material_editor.h"
+#include "pages/property_control.h"
+#include "shading/material_file.h"
+
+namespace orv {
+namespace {
+
+constexpr std::string_view kFilter = "Orv Material Files (*.omf);*.omf;All Files;*.*;";
+constexpr FileQuestion kLoad{
+    {"Load Orv Material", kFilter}, FileQuestion::Dialog::open, {}, &UserValues::MaterialDir};
+constexpr FileQuestion kSave{
+    {"Save Orv Material", kFilter}, FileQuestion::Dialog::save, {}, &UserValues::MaterialDir};
+
+}  // namespace
+
+void MaterialEditor::Load(CRhinoCommandContext& context, std::string_view value) {
+  std::string path;
+  if (!orv::ChooseFile(context, kLoad, plug_in_.User(), value, path)) return;
+  MaterialAttributes material;
+  if (ReadMaterialFile(path, Gamma(), material)) {
+    Replace(context.m_doc, material);
+  } else {
+    RhinoApp().Print("Unable to load selected material file.\n");
+  }
+}
+
+void MaterialEditor::Save(CRhinoCommandContext& context, std::string_view value) {
+  std::string path;
+  if (!orv::ChooseFile(context, kSave, plug_in_.User(), value, path)) return;
+  host::FileWriter file(path);
+  const bool isWritten = file.IsOpen() && WriteMaterialFile(file, path, Gamma(), current_);
+  if (!isWritten || !file.Close()) RhinoApp().Print("Unable to save selected material.\n");
+}
+
+}  // namespace orv
