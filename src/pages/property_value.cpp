@@ -5,15 +5,14 @@
 #include <utility>
 #include <vector>
 
+#include "host/command/color_text.h"
 #include "host/command/command_option.h"
 #include "host/system/number_text.h"
+#include "pages/control_value.h"
 #include "settings/number_list.h"
 
 namespace orv {
 namespace {
-
-constexpr std::string_view kNo = "No";
-constexpr std::string_view kYes = "Yes";
 
 bool IsTyped(const PropertyRule& rule) {
   return rule.Limit.Maximum > rule.Limit.Minimum;
@@ -45,8 +44,7 @@ std::string PropertyText(const PropertyRule&, const std::string& value) {
 }
 
 std::string PropertyText(const PropertyRule&, ON_Color value) {
-  return SettingText(value.Red()) + ',' + SettingText(value.Green()) + ',' +
-         SettingText(value.Blue());
+  return ColorText(value);
 }
 
 std::string ReadPropertyText(std::string_view name, std::string_view text, const PropertyRule&,
