@@ -1,11 +1,12 @@
 #include "jobs/ipr_commands.h"
 
-#include "export/scene_export.h"
 #include "host/command/get_object.h"
 #include "host/command/get_option.h"
 #include "host/document/app.h"
-#include "host/system/path.h"
 #include "host/system/text.h"
+#include "jobs/job_files.h"
+#include "jobs/render_start.h"
+#include "jobs/scene_file.h"
 #include "settings/settings_store.h"
 
 namespace orv {
@@ -25,16 +26,10 @@ CommandResult AskForSelected(CRhinoCommandContext& context, bool& selected) {
   return result == CRhinoGet::Result::cancel ? CommandResult::cancel : CommandResult::failure;
 }
 
-// The scene has a file of its own.
-std::string IprSceneName(std::string_view ribName) {
-  host::PathParts parts = host::SplitPath(ribName);
-  parts.Base += "_ipr";
-  return host::JoinPath(parts);
-}
-
-// What an interactive renderer doesn't do, or has its own values for.
+// The scene has a file of its own, and leaves out what an interactive renderer doesn't do or has
+// its own values for.
 void PrepareForIpr(const IprSettings& ipr, RenderSettings& settings) {
-  settings.RibName = IprSceneName(settings.RibName);
+  settings.RibName = AppendToBaseName(settings.RibName, "_ipr");
   settings.OrvShow = true;
   settings.AnimMode = 0;
   settings.LowPriority = ipr.IprLowPriority;
@@ -71,17 +66,11 @@ CommandResult CCommandOrvIprStart::RunCommand(CRhinoCommandContext& context) {
   const IprSettings ipr = LoadIprSettings(PlugIn().UserStrings(), PlugIn().User());
   const CommandResult asked = AskForSelected(context, settings.Selected);
   if (asked != CommandResult::success) return asked;
-  CRhinoFileWriteOptions options;
-  options.SetMode(0, settings.Selected);
   PrepareForIpr(ipr, settings);
-  constexpr int kReparameterize = 1;
-  if (ExportSceneRib(settings.RibName, context.m_doc, options, kReparameterize, {}, settings, &ipr,
-                     PlugIn().Textures()) == 0) {
-    return CommandResult::nothing;
-  }
+  if (!WriteSceneFile(PlugIn(), context.m_doc, settings, &ipr)) return CommandResult::nothing;
   InteractiveRender& live = PlugIn().Live();
   live.SetScene({settings.GiMode, settings.ViewportId, settings.CameraMatrix, settings.CameraFov});
-  if (!live.StartIprSession(RendererArguments(settings))) {
+  if (!FitsCommandLine(settings.RibName) || !live.StartIprSession(RendererArguments(settings))) {
     RhinoApp().Print("Error - failed to start TweakOrv IPR process.\n");
     return CommandResult::nothing;
   }

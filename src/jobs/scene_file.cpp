@@ -5,11 +5,12 @@
 
 namespace orv {
 
-bool WriteSceneFile(CSceneOutPlugIn& plugIn, CRhinoDoc& doc, RenderSettings& settings) {
+bool WriteSceneFile(CSceneOutPlugIn& plugIn, CRhinoDoc& doc, RenderSettings& settings,
+                    const IprSettings* iprSettings) {
   CRhinoFileWriteOptions options;
   options.SetMode(0, settings.Selected);
   constexpr int kReparameterize = 1;
-  return ExportSceneRib(settings.RibName, doc, options, kReparameterize, {}, settings, nullptr,
+  return ExportSceneRib(settings.RibName, doc, options, kReparameterize, {}, settings, iprSettings,
                         plugIn.Textures()) != 0;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/document/doc.h"
+#include "settings/ipr_settings.h"
 #include "settings/render_settings.h"
 
 namespace orv {
@@ -8,8 +9,9 @@ namespace orv {
 class CSceneOutPlugIn;
 
 // Writes the document to the file that the settings' RibName names, as ExportSceneRib does for a
-// job. False, with a message, when that fails.
-[[nodiscard]] bool WriteSceneFile(CSceneOutPlugIn& plugIn, CRhinoDoc& doc,
-                                  RenderSettings& settings);
+// job; `iprSettings` is null unless an interactive session asks. False, with a message, when that
+// fails.
+[[nodiscard]] bool WriteSceneFile(CSceneOutPlugIn& plugIn, CRhinoDoc& doc, RenderSettings& settings,
+                                  const IprSettings* iprSettings = nullptr);
 
 }  // namespace orv
