@@ -7,7 +7,6 @@
 namespace host {
 namespace {
 
-
 ON_LightStyle StyleFromStored(std::int32_t stored) {
   const bool known = stored >= static_cast<int>(ON_LightStyle::camera_directional) &&
                      stored <= static_cast<int>(ON_LightStyle::world_rectangular);

@@ -18,8 +18,7 @@ const char* const kPaths = ORV_TEST_FOLDER "/../../../examples/camera_paths.3dm"
 TEST(StillLife, TheFileInTheExamplesIsWhatTheProgramMakes) {
   const std::string bytes = WriteModel(StillLife());
   EXPECT_LT(bytes.size(), 300'000u);
-  EXPECT_TRUE(FileContent(kExample) == bytes)
-      << "make it anew: example_model examples";
+  EXPECT_TRUE(FileContent(kExample) == bytes) << "make it anew: example_model examples";
 }
 
 TEST(CameraPaths, TheFileInTheExamplesIsWhatTheProgramMakes) {
