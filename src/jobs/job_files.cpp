@@ -1,14 +1,27 @@
 #include "jobs/job_files.h"
 
+#include <filesystem>
 #include <limits>
+#include <system_error>
 
 #include "export/rib_text.h"
 #include "host/document/app.h"
 #include "host/system/file.h"
+#include "host/system/file_replacement.h"
 #include "host/system/path.h"
 #include "host/system/text.h"
 
 namespace orv {
+namespace {
+
+// A device or a pipe: what is written to it can't be put in its place as a whole.
+bool IsNoRegularFile(std::string_view path) {
+  std::error_code failure;
+  const auto status = std::filesystem::status(host::NativePath(path), failure);
+  return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
+}
+
+}  // namespace
 
 std::string AppendToBaseName(std::string_view path, std::string_view suffix) {
   host::PathParts parts = host::SplitPath(path);
@@ -37,7 +50,9 @@ void IncrementVersion(UserValues& user) {
   if (user.Version < std::numeric_limits<int>::max()) ++user.Version;
 }
 
+// A job that runs may be reading the older file.
 bool WriteTextFile(std::string_view path, std::string_view text) {
+  if (!IsNoRegularFile(path)) return host::ReplaceFile(path, text, host::Flush::no);
   host::FileWriter file(path);
   if (!file.IsOpen()) return false;
   file.Write(text);

@@ -33,7 +33,8 @@ void ApplyVersionSuffix(const UserValues& user, RenderSettings& settings);
 // Adds one to the version; the greatest integer stays.
 void IncrementVersion(UserValues& user);
 
-// Writes a text as a file of its own. False when it can't be written, or not to its end.
+// Writes a text as a file of its own, in the place of an older one, which whoever has it open still
+// reads to its end. False when it can't be written, or not to its end; an older file then stays.
 [[nodiscard]] bool WriteTextFile(std::string_view path, std::string_view text);
 // Writes the file that reads all these frames, whose names begin with `base`. False, with a
 // message, when it can't be written.

@@ -1,8 +1,14 @@
 #include "jobs/job_files.h"
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
+#include <filesystem>
+#include <fstream>
 #include <limits>
+#include <thread>
 
 #include "host/system/text.h"
 #include "support/temp_folder.h"
@@ -72,6 +78,49 @@ TEST(JobFiles, ATextThatCannotBeWrittenIsNoticed) {
   EXPECT_FALSE(WriteTextFile(folder.File("none/a.rib"), "a\n"));
   EXPECT_FALSE(WriteTextFile(folder.Path().string(), "a\n"));
   EXPECT_FALSE(WriteTextFile("/dev/full", "a\n"));
+  EXPECT_TRUE(WriteTextFile("/dev/null", "a\n"));
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+}
+
+TEST(JobFiles, AReaderOfTheOlderFileReadsItToItsEnd) {
+  const TempFolder folder;
+  const std::string name = folder.File("a_all.rib");
+  ASSERT_TRUE(WriteTextFile(name, "first\nsecond\n"));
+  std::ifstream reader(name);
+  ASSERT_TRUE(WriteTextFile(name, "new\n"));
+  const std::string read{std::istreambuf_iterator<char>(reader), {}};
+  EXPECT_EQ(read, "first\nsecond\n");
+  EXPECT_EQ(FileContent(name), "new\n");
+  const std::filesystem::directory_iterator files(folder.Path());
+  EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "something is left beside it";
+}
+
+TEST(JobFiles, AnOlderFileStaysWhenTheNewOneIsCutOff) {
+  const TempFolder folder;
+  const std::string name = folder.File("a_all.rib");
+  ASSERT_TRUE(WriteTextFile(name, "old\n"));
+  rlimit before = {};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const auto old_handler = signal(SIGXFSZ, SIG_IGN);
+  const rlimit small{1000, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  const bool written = WriteTextFile(name, std::string(5000, 'x'));
+  setrlimit(RLIMIT_FSIZE, &before);
+  signal(SIGXFSZ, old_handler);
+  EXPECT_FALSE(written);
+  EXPECT_EQ(FileContent(name), "old\n");
+}
+
+TEST(JobFiles, APipeIsWrittenToAndStays) {
+  const TempFolder folder;
+  const std::string name = folder.File("pipe.rib");
+  ASSERT_EQ(mkfifo(name.c_str(), 0600), 0);
+  std::string read;
+  std::thread reader([&] { read = FileContent(name); });
+  EXPECT_TRUE(WriteTextFile(name, "a\n"));
+  reader.join();
+  EXPECT_EQ(read, "a\n");
+  EXPECT_TRUE(std::filesystem::is_fifo(name));
 }
 
 }  // namespace
