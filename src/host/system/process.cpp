@@ -181,14 +181,21 @@ std::optional<pid_t> Start(const ProcessStart& start, bool stands_apart) {
   return Preparation(start, stands_apart).Start(FindProgramFiles(arguments[0]), arguments);
 }
 
-// A process that has left this one behind: its terminal, its pipes, its open files.
+// A process that has left this one behind: its terminal, its pipes, its open files, and what it
+// does on signals.
 void StandApart() {
+  for (int number = 1; number < NSIG; ++number) signal(number, SIG_DFL);
   setsid();
   const int nothing = open("/dev/null", O_RDWR);
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (stream == STDIN_FILENO || IsPipe(stream)) dup2(nothing, stream);
   }
   close_range(STDERR_FILENO + 1, ~0U, 0);
+}
+
+// Waits as long as it takes, also when signals come in between.
+void WaitAndReap(pid_t process) {
+  while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) continue;
 }
 
 // Starts a process that starts the programs of a batch file, each when the one before it has ended.
@@ -206,9 +213,7 @@ std::optional<pid_t> StartBatch(const ProcessStart& start) {
   if (process > 0) return process;
   StandApart();
   for (const auto& words : *lines) {
-    if (const auto program = preparation.Start(files.at(words[0]), words)) {
-      waitpid(*program, nullptr, 0);
-    }
+    if (const auto program = preparation.Start(files.at(words[0]), words)) WaitAndReap(*program);
   }
   _exit(0);
 }
@@ -229,7 +234,7 @@ bool StartProcess(const ProcessStart& start) {
   const std::optional<pid_t> process = is_batch ? StartBatch(start) : Start(start, true);
   if (!process) return false;
   // Takes the process off the system's list when it ends; nobody waits for it.
-  std::thread([id = *process] { waitpid(id, nullptr, 0); }).detach();
+  std::thread([id = *process] { WaitAndReap(id); }).detach();
   return true;
 }
 
