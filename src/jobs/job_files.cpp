@@ -29,8 +29,22 @@ std::string AppendToBaseName(std::string_view path, std::string_view suffix) {
   return host::JoinPath(parts);
 }
 
-std::string PathWithoutExtension(std::string_view path, std::size_t most) {
-  host::PathParts parts = host::SplitPath(host::FirstCodePoints(path, most));
+std::optional<std::string> JobName(std::string_view path) {
+  constexpr std::size_t kMostCharacters = 256;
+  const std::string_view name = host::FirstCodePoints(path, kMostCharacters);
+  const host::PathParts parts = host::SplitPath(path);
+  if (name.size() == path.size() || name.size() > parts.Drive.size() + parts.Folder.size()) {
+    return std::string(name);
+  }
+  RhinoApp().Print("Unable to name the files of a job after " + std::string(path) +
+                   ": its first 256 characters count, and its folder is longer.\n");
+  return std::nullopt;
+}
+
+std::optional<std::string> JobBaseName(std::string_view path) {
+  const std::optional<std::string> name = JobName(path);
+  if (!name) return std::nullopt;
+  host::PathParts parts = host::SplitPath(*name);
   parts.Extension.clear();
   return host::JoinPath(parts);
 }

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "host/document/app.h"
+#include "host/system/path.h"
 #include "host/system/text.h"
 #include "jobs/animation_frames.h"
 #include "jobs/edit_options.h"
@@ -30,7 +31,9 @@ std::optional<RenderJob> PrepareJob(CRhinoDoc& doc, const UserValues& user,
     job.Scene = settings.RibName;
     return job;
   }
-  const std::string firstFrame = AppendToBaseName(settings.RibName, "_0000");
+  const std::optional<std::string> base = JobBaseName(settings.RibName);
+  if (!base) return std::nullopt;
+  const std::string firstFrame = *base + "_0000" + host::SplitPath(settings.RibName).Extension;
   if (!WriteAnimationFrames(doc, settings, user.UseOrvControl ? nullptr : &job.Scene)) {
     return std::nullopt;
   }

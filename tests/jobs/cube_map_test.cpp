@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "command_fixture.h"
+#include "host/system/text.h"
 #include "jobs/cube_map_command.h"
 #include "jobs/cube_map_rib.h"
 #include "support/scoped_environment.h"
@@ -127,6 +128,28 @@ TEST_F(CubeMap, TheUsersValuesChooseTheProgram) {
   runs = bench_.WaitForRuns(2);
   ASSERT_EQ(runs.size(), 2U);
   EXPECT_THAT(runs[1].command, ElementsAre("orvq", "-p", "4", folder_.File("a.rib")));
+}
+
+TEST_F(CubeMap, OfALongNameTheControlFileIsRenderedThatWasWritten) {
+  const std::size_t left = 256 - 1 - host::CodePointCount(folder_.Path().string());
+  const std::string base(left, 'x');
+  Set("RibName", folder_.File(base + "yyy.rib"));
+  EXPECT_EQ(Render(), CommandResult::success);
+  EXPECT_THAT(FileContent(folder_.File(base)), HasSubstr("MakeCubeFaceEnvironment"));
+  const auto runs = bench_.WaitForRuns(1);
+  ASSERT_EQ(runs.size(), 1U);
+  EXPECT_EQ(runs[0].command.back(), folder_.File(base));
+}
+
+TEST_F(CubeMap, AFolderThatIsTooLongIsAFailure) {
+  const std::string folder = folder_.File(std::string(250, 'x'));
+  std::filesystem::create_directory(folder);
+  Set("RibName", folder + "/a.rib");
+  EXPECT_EQ(Render(), CommandResult::failure);
+  EXPECT_EQ(messages_, "Unable to name the files of a job after " + folder +
+                           "/a.rib: its first 256 characters count, and its folder is longer.\n");
+  EXPECT_TRUE(std::filesystem::is_empty(folder));
+  EXPECT_THAT(bench_.Runs(), IsEmpty());
 }
 
 TEST_F(CubeMap, AnythingButAPointEndsTheCommand) {

@@ -10,6 +10,7 @@
 #include <limits>
 #include <thread>
 
+#include "host/document/app.h"
 #include "host/system/text.h"
 #include "support/temp_folder.h"
 
@@ -26,18 +27,39 @@ TEST(JobFiles, ASuffixGoesBehindTheBaseName) {
 }
 
 TEST(JobFiles, TheExtensionIsTakenOffTheFirstCharacters) {
-  EXPECT_EQ(PathWithoutExtension("C:\\t.x\\a.rib", 256), "C:\\t.x\\a");
-  EXPECT_EQ(PathWithoutExtension("/t.x/a", 256), "/t.x/a");
-  EXPECT_EQ(PathWithoutExtension("", 256), "");
-  EXPECT_EQ(PathWithoutExtension("abcdef.rib", 8), "abcdef");
+  EXPECT_EQ(JobBaseName("C:\\t.x\\a.rib"), "C:\\t.x\\a");
+  EXPECT_EQ(JobBaseName("/t.x/a"), "/t.x/a");
+  EXPECT_EQ(JobBaseName(""), "");
+  const std::string name(254, 'x');
+  EXPECT_EQ(JobName(name + ".rib"), name + ".r");
+  EXPECT_EQ(JobBaseName(name + ".rib"), name);
 }
 
 TEST(JobFiles, CharactersAreNotCutInHalf) {
   std::string name;
   for (int i = 0; i < 300; ++i) name += "ä";
-  const std::string cut = PathWithoutExtension(name + ".rib", kMostBaseCharacters);
-  EXPECT_EQ(cut.size(), 512U);
-  EXPECT_EQ(host::CodePointCount(cut), 256U);
+  EXPECT_EQ(JobBaseName(name + ".rib"), name.substr(0, 512));
+  EXPECT_EQ(host::CodePointCount(name.substr(0, 512)), 256U);
+}
+
+TEST(JobFiles, AFolderIsNotCut) {
+  std::string messages;
+  RhinoApp().CommandWindow().SetSink([&](std::string_view text) { messages += text; });
+  const std::string folder = "/" + std::string(200, 'x') + "/";
+  const std::string fits = folder + std::string(52, 'y') + "/";
+  EXPECT_EQ(JobName(fits + "a.rib"), fits + "a");
+  EXPECT_EQ(JobBaseName(fits + "a.rib"), fits + "a");
+  EXPECT_EQ(messages, "");
+  for (const std::size_t count : {53U, 54U, 300U}) {
+    const std::string name = folder + std::string(count, 'y') + "/a.rib";
+    const std::string message = "Unable to name the files of a job after " + name +
+                                ": its first 256 characters count, and its folder is longer.\n";
+    messages.clear();
+    EXPECT_EQ(JobName(name), std::nullopt);
+    EXPECT_EQ(messages, message);
+    EXPECT_EQ(JobBaseName(name), std::nullopt);
+  }
+  RhinoApp().CommandWindow().SetSink({});
 }
 
 TEST(JobFiles, FramesHaveFourDigitsOrMore) {

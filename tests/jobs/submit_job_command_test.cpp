@@ -135,6 +135,21 @@ TEST_F(SubmitJob, AFileThatCannotBeWrittenIsAFailure) {
   EXPECT_THAT(bench_.Runs(), IsEmpty());
 }
 
+TEST_F(SubmitJob, AFolderThatIsTooLongIsAFailure) {
+  const std::string folder = folder_.File(std::string(250, 'x'));
+  std::filesystem::create_directory(folder);
+  Set("RibName", folder + "/a.rib");
+  const std::string message = "Unable to name the files of a job after " + folder +
+                              "/a.rib: its first 256 characters count, and its folder is longer.\n";
+  EXPECT_EQ(Submit("1", "2"), CommandResult::failure);
+  plugIn_.User().Gyre = true;
+  EXPECT_EQ(Submit("1", "2"), CommandResult::failure);
+  EXPECT_EQ(messages_, message + message);
+  std::filesystem::remove(folder);
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.Path())) << "a file in another folder";
+  EXPECT_THAT(bench_.Runs(), IsEmpty());
+}
+
 TEST_F(SubmitJob, ANameWithAQuoteOrALineEndRunsNothing) {
   for (const char* name : {"a\" \"b.rib", "a\ngyre.exe b.rib"}) {
     Set("RibName", folder_.File(name));
