@@ -167,6 +167,8 @@ TEST_F(SubmitJob, ANameWithAQuoteOrALineEndRunsNothing) {
 TEST_F(SubmitJob, AMissingProgramIsAFailureInSilence) {
   const ScopedEnvironment path("PATH", folder_.Path().string());
   EXPECT_EQ(Submit("1", "2"), CommandResult::failure);
+  plugIn_.User().Gyre = true;
+  EXPECT_EQ(Submit("1", "2"), CommandResult::failure);
   plugIn_.User().UseOrvControl = true;
   EXPECT_EQ(Submit("1", "2"), CommandResult::failure);
   EXPECT_EQ(messages_, "");

@@ -199,6 +199,7 @@ void WaitAndReap(pid_t process) {
 }
 
 // Starts a process that starts the programs of a batch file, each when the one before it has ended.
+// When none of them is there, there is nothing to start.
 std::optional<pid_t> StartBatch(const ProcessStart& start) {
   const auto lines = ReadBatchFile(start.Arguments[0]);
   if (!lines || HasZeroByte(start.Folder) || InterruptRequested()) return std::nullopt;
@@ -207,6 +208,8 @@ std::optional<pid_t> StartBatch(const ProcessStart& start) {
   for (const auto& words : *lines) {
     if (!files.contains(words[0])) files[words[0]] = FindProgramFiles(words[0]);
   }
+  const auto is_missing = [](const auto& program) { return program.second.empty(); };
+  if (!files.empty() && std::all_of(files.begin(), files.end(), is_missing)) return std::nullopt;
   const Preparation preparation(start, true);
   const pid_t process = fork();
   if (process < 0) return std::nullopt;

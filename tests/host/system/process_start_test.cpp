@@ -210,6 +210,16 @@ TEST_F(ProcessTest, ABatchFileThatIsInterruptedStartsNoMoreLines) {
   EXPECT_EQ(bench.Runs().size(), 1U);
 }
 
+TEST_F(ProcessTest, ABatchFileOfMissingProgramsIsNotStarted) {
+  const std::string batch = folder_.File("all.bat");
+  WriteFileContent(batch, "no-such-program 1\nnone-like-this 2\n");
+  EXPECT_FALSE(host::StartProcess({{batch}, "", false}));
+  ExpectNoChild();
+  WriteFileContent(batch, "");
+  EXPECT_TRUE(host::StartProcess({{batch}, "", false})) << "nothing is missing";
+  EXPECT_TRUE(BecomesTrue([] { return waitpid(-1, nullptr, WNOHANG) == -1; }));
+}
+
 TEST_F(ProcessTest, ABatchFileThatIsNotThereIsNoProgram) {
   EXPECT_FALSE(host::StartProcess({{folder_.File("none.bat")}, "", false}));
   std::filesystem::create_directory(folder_.File("folder.bat"));
