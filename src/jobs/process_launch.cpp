@@ -15,8 +15,7 @@ bool RunDetachedProcess(std::string_view commandLine, std::string_view workingFo
   constexpr std::size_t kMostCharacters = 2048;
   constexpr std::chrono::seconds kLongestWait{120};
   host::ProcessStart start;
-  start.Arguments = host::SplitCommandLine(host::FirstCodePoints(commandLine, kMostCharacters));
-  host::UseNativeNames(start.Arguments);
+  start.Arguments = host::ProgramWords(host::FirstCodePoints(commandLine, kMostCharacters));
   start.Folder = workingFolder;
   start.Hidden = !shown;
   return detached ? host::StartProcess(start) : host::RunProcess(start, kLongestWait);
