@@ -76,11 +76,13 @@ CommandResult CCommandSceneOut::RunCommand(CRhinoCommandContext& context) {
 }
 
 CCommandOrvRender::CCommandOrvRender(CSceneOutPlugIn& plugIn)
-    : COrvCommand(plugIn, "df8ed18e-ac41-458c-a541-9ce5069a8724"_uuid, "OrvRender",
-                  "Writes the scene file and starts the renderer.",
-                  "Asks for the options of OrvOptions, which count for this job alone. Enter\n"
-                  "writes the files as OrvExport does and starts orv.exe, or orvq or gyre.exe\n"
-                  "when the profile's UseOrvControl or Gyre says so.\n") {}
+    : COrvCommand(
+          plugIn, "df8ed18e-ac41-458c-a541-9ce5069a8724"_uuid, "OrvRender",
+          "Writes the scene file and starts the renderer.",
+          "Asks for the options of OrvOptions, which count for this job alone. Enter\n"
+          "writes the files as OrvExport does and starts orv.exe, or orvq or gyre.exe\n"
+          "when the profile's UseOrvControl or Gyre says so. With a Frame the file gets its\n"
+          "number, but the program is started on the one that RibName names.\n") {}
 
 CommandResult CCommandOrvRender::RunCommand(CRhinoCommandContext& context) {
   RenderSettings settings = PlugIn().LoadSettings();
