@@ -219,6 +219,15 @@ TEST_F(BakeCommand, FailedExportStartsNothing) {
   EXPECT_THAT(bench_.Runs(), IsEmpty());
 }
 
+TEST_F(BakeCommand, FrontEndHasAWindow) {
+  const std::string own = std::filesystem::read_symlink("/proc/self/fd/1").string();
+  Store("OrvShow", "1");
+  EXPECT_EQ(Bake({"Enter"}), CommandResult::success);
+  const auto runs = bench_.WaitForRuns(1);
+  ASSERT_EQ(runs.size(), 1U);
+  EXPECT_EQ(runs[0].streams.at(1), own.starts_with("pipe:") ? "/dev/null" : own);
+}
+
 TEST_F(BakeCommand, OfALongNameTheFileThatWasWrittenIsBaked) {
   // Folders up to five characters before the last one that counts.
   constexpr std::size_t kCounts = 999;

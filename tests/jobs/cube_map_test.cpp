@@ -130,6 +130,30 @@ TEST_F(CubeMap, TheUsersValuesChooseTheProgram) {
   EXPECT_THAT(runs[1].command, ElementsAre("orvq", "-p", "4", folder_.File("a.rib")));
 }
 
+TEST_F(CubeMap, TheProgramsWindowIsHiddenForTheControlFrontEndAlone) {
+  const std::string own = std::filesystem::read_symlink("/proc/self/fd/1").string();
+  const std::string shown = own.starts_with("pipe:") ? "/dev/null" : own;
+  const struct {
+    const char* show;
+    bool control;
+    bool gyre;
+    std::string output;
+  } rows[] = {{"0", false, false, shown},
+              {"1", false, false, shown},
+              {"1", false, true, shown},
+              {"0", true, false, "/dev/null"}};
+  for (const auto& row : rows) {
+    const ToolBench bench;
+    Set("OrvShow", row.show);
+    plugIn_.User().UseOrvControl = row.control;
+    plugIn_.User().Gyre = row.gyre;
+    EXPECT_EQ(Render(), CommandResult::success);
+    const auto runs = bench.WaitForRuns(1);
+    ASSERT_EQ(runs.size(), 1U);
+    EXPECT_EQ(runs[0].streams.at(1), row.output) << runs[0].command[0];
+  }
+}
+
 TEST_F(CubeMap, OfALongNameTheControlFileIsRenderedThatWasWritten) {
   const std::size_t left = 256 - 1 - host::CodePointCount(folder_.Path().string());
   const std::string base(left, 'x');

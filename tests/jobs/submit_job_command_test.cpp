@@ -150,6 +150,18 @@ TEST_F(SubmitJob, AFolderThatIsTooLongIsAFailure) {
   EXPECT_THAT(bench_.Runs(), IsEmpty());
 }
 
+TEST_F(SubmitJob, TheProgramsHaveAWindow) {
+  const std::string own = std::filesystem::read_symlink("/proc/self/fd/1").string();
+  const std::string shown = own.starts_with("pipe:") ? "/dev/null" : own;
+  EXPECT_EQ(Submit("1", "1"), CommandResult::success);
+  ASSERT_EQ(bench_.WaitForRuns(1).size(), 1U);
+  plugIn_.User().Gyre = true;
+  EXPECT_EQ(Submit("1", "1"), CommandResult::success);
+  const auto runs = bench_.WaitForRuns(2);
+  ASSERT_EQ(runs.size(), 2U);
+  for (const ToolRun& run : runs) EXPECT_EQ(run.streams.at(1), shown) << run.command[0];
+}
+
 TEST_F(SubmitJob, ANameWithAQuoteOrALineEndRunsNothing) {
   for (const char* name : {"a\" \"b.rib", "a\ngyre.exe b.rib"}) {
     Set("RibName", folder_.File(name));
