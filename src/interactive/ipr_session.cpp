@@ -17,9 +17,8 @@ constexpr std::string_view kEmptyMessage = "  ";
 
 bool StartRenderer(const std::string& hostName, std::uint16_t port, std::string_view arguments) {
   host::ProcessStart start;
-  start.Arguments = host::SplitCommandLine(host::Format(
-      "tweakorv -ihost %s:%d %s", hostName.c_str(), port, std::string(arguments).c_str()));
-  host::UseNativeNames(start.Arguments);
+  start.Arguments = host::ProgramWords(host::Format("tweakorv -ihost %s:%d %s", hostName.c_str(),
+                                                    port, std::string(arguments).c_str()));
   start.Hidden = true;
   return host::StartProcess(start);
 }

@@ -66,12 +66,13 @@ bool WriteAnimationFrames(CRhinoDoc& doc, RenderSettings& settings, std::string*
   const bool hasCamera = HasFrameCamera(settings);
   const auto camera = hasCamera ? MakeFrameCamera(doc, settings) : std::nullopt;
   if (hasCamera && !camera) return false;
-  const std::string base = PathWithoutExtension(settings.RibName, kMostBaseCharacters);
-  settings.RibName = base + "_world.rib";
-  if (!WriteFrames(base, settings.RibName, camera, settings.AnimFrames)) return false;
+  const std::optional<std::string> base = JobBaseName(settings.RibName);
+  if (!base) return false;
+  settings.RibName = *base + "_world.rib";
+  if (!WriteFrames(*base, settings.RibName, camera, settings.AnimFrames)) return false;
   if (allFile == nullptr) return true;
-  *allFile = base + "_all.rib";
-  return WriteFileOfFrames(*allFile, base, {0, settings.AnimFrames - 1});
+  *allFile = *base + "_all.rib";
+  return WriteFileOfFrames(*allFile, *base, {0, settings.AnimFrames - 1});
 }
 
 }  // namespace orv

@@ -4,6 +4,7 @@
 #include <string>
 #include <tuple>
 
+#include "export/output_file.h"
 #include "host/command/get_option.h"
 #include "host/document/app.h"
 #include "host/system/text.h"
@@ -71,10 +72,11 @@ bool WriteBakeScene(CSceneOutPlugIn& plugIn, CRhinoDoc& doc, RenderSettings& set
 
 bool StartBake(const RenderSettings& settings) {
   const int priority = settings.LowPriority ? -1 : 0;
-  const std::string commandLine = host::Format("bakeorv.exe -p %d -pri %d \"%s\"", settings.Threads,
-                                               priority, settings.RibName.c_str());
-  return FitsCommandLine(settings.RibName) &&
-         RunDetachedProcess(commandLine, WorkingFolderOf(settings.RibName), true, true);
+  const std::string scene = OutputFileName(settings.RibName, settings.FrameNumber);
+  const std::string commandLine =
+      host::Format("bakeorv.exe -p %d -pri %d \"%s\"", settings.Threads, priority, scene.c_str());
+  return FitsCommandLine(scene) &&
+         RunDetachedProcess(commandLine, WorkingFolderOf(scene), true, true);
 }
 
 void PrintBaking(const RenderSettings& settings) {

@@ -1,5 +1,7 @@
 #include "jobs/cube_map_command.h"
 
+#include <optional>
+
 #include "host/command/get_point.h"
 #include "host/system/text.h"
 #include "jobs/cube_map_rib.h"
@@ -13,18 +15,16 @@ namespace {
 
 constexpr std::size_t kMostWorldCharacters = 512;
 
-// Writes the scene that all faces show. It has neither a camera nor an image of its own.
+// Writes the scene that all faces show. It has neither a camera nor an image of its own. The
+// settings get its name.
 bool WriteWorld(CSceneOutPlugIn& plugIn, CRhinoDoc& doc, const std::string& worldName,
                 RenderSettings& settings) {
-  const std::string controlName = settings.RibName;
   settings.RibName = worldName;
   settings.WriteCamera = false;
   settings.WriteDisplay = false;
   settings.ImageHeight = CubeFaceSize(settings.ImageHeight);
   settings.ImageWidth = settings.ImageHeight;
-  const bool written = WriteSceneFile(plugIn, doc, settings);
-  settings.RibName = controlName;
-  return written;
+  return WriteSceneFile(plugIn, doc, settings);
 }
 
 }  // namespace
@@ -41,8 +41,11 @@ CommandResult CCommandOrvRenderCubeMap::RunCommand(CRhinoCommandContext& context
   get.SetCommandPrompt("Pick center point for cube map");
   get.AcceptNothing();
   if (get.GetPoint() != CRhinoGet::Result::point) return CommandResult::nothing;
+  const std::optional<std::string> control = JobName(settings.RibName);
+  if (!control) return CommandResult::failure;
   const std::string world = AppendToBaseName(settings.RibName, "_world");
   if (!WriteWorld(PlugIn(), context.m_doc, world, settings)) return CommandResult::nothing;
+  settings.RibName = *control;
   if (!WriteCubeMapRib(settings, get.Point(), host::FirstCodePoints(world, kMostWorldCharacters))) {
     return CommandResult::failure;
   }

@@ -55,7 +55,7 @@ bool WriteCubeMapRib(const RenderSettings& settings, ON_3dPoint center,
             "ReadArchive " + Quoted(worldFile) + "\n\n";
   }
   text += mapStatement + ' ' + Quoted(map) + " 91 \"box\" 1 1\n";
-  return WriteTextFile(host::FirstCodePoints(settings.RibName, kMostBaseCharacters), text);
+  return WriteTextFile(settings.RibName, text);
 }
 
 }  // namespace orv

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,11 +13,11 @@ namespace orv {
 // `path` with `suffix` behind its base name: "C:\t\a.rib" and "_v7" give "C:\t\a_v7.rib".
 std::string AppendToBaseName(std::string_view path, std::string_view suffix);
 
-// The first `most` characters of a path, without the extension that they end with.
-std::string PathWithoutExtension(std::string_view path, std::size_t most);
-
-// How many characters of a scene's name those of its frames begin with.
-inline constexpr std::size_t kMostBaseCharacters = 256;
+// The first 256 characters of a scene's path, which the files of its job are named after. Nothing,
+// with a message, when its folder goes on behind them: the files would be in another one.
+[[nodiscard]] std::optional<std::string> JobName(std::string_view path);
+// The same, without the extension that they end with.
+[[nodiscard]] std::optional<std::string> JobBaseName(std::string_view path);
 
 // The file of a frame, from the path of the scene without its extension: "base_0012.rib".
 std::string FrameFileName(std::string_view base, int frame);
@@ -33,7 +34,8 @@ void ApplyVersionSuffix(const UserValues& user, RenderSettings& settings);
 // Adds one to the version; the greatest integer stays.
 void IncrementVersion(UserValues& user);
 
-// Writes a text as a file of its own. False when it can't be written, or not to its end.
+// Writes a text as a file of its own, in the place of an older one, which whoever has it open still
+// reads to its end. False when it can't be written, or not to its end; an older file then stays.
 [[nodiscard]] bool WriteTextFile(std::string_view path, std::string_view text);
 // Writes the file that reads all these frames, whose names begin with `base`. False, with a
 // message, when it can't be written.

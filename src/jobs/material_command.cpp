@@ -76,11 +76,12 @@ struct MaterialEdit {
   }
 
   [[nodiscard]] CommandResult Change(const MaterialOption& option) const {
+    // Also for a shader whose edit isn't accepted: all objects get the one that is shown.
+    Attributes.*option.Changed = true;
     if (const ShaderSlot* slot = SlotOf(option)) {
       EditShader(*slot);
       return CommandResult::success;
     }
-    Attributes.*option.Changed = true;
     const bool isName = option.Changed == &MaterialAttributes::NameChanged;
     return isName ? AskForName(Context, Attributes) : CommandResult::success;
   }

@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "host/system/command_line.h"
+#include "host/system/file.h"
 #include "host/system/path.h"
 #include "host/system/process.h"
 #include "host/system/text.h"
@@ -14,8 +15,7 @@ bool RunDetachedProcess(std::string_view commandLine, std::string_view workingFo
   constexpr std::size_t kMostCharacters = 2048;
   constexpr std::chrono::seconds kLongestWait{120};
   host::ProcessStart start;
-  start.Arguments = host::SplitCommandLine(host::FirstCodePoints(commandLine, kMostCharacters));
-  host::UseNativeNames(start.Arguments);
+  start.Arguments = host::ProgramWords(host::FirstCodePoints(commandLine, kMostCharacters));
   start.Folder = workingFolder;
   start.Hidden = !shown;
   return detached ? host::StartProcess(start) : host::RunProcess(start, kLongestWait);
@@ -23,6 +23,8 @@ bool RunDetachedProcess(std::string_view commandLine, std::string_view workingFo
 
 std::string WorkingFolderOf(std::string_view path) {
   const host::PathParts parts = host::SplitPath(path);
+  // "c:a.rib" is a name like any other where there are no drives.
+  if (parts.Folder.empty() && !host::FolderExists(parts.Drive)) return {};
   return parts.Drive + parts.Folder;
 }
 

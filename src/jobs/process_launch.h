@@ -12,7 +12,8 @@ namespace orv {
 [[nodiscard]] bool RunDetachedProcess(std::string_view commandLine, std::string_view workingFolder,
                                       bool detached, bool shown);
 
-// The drive and folder of a path, in which its job runs.
+// The drive and folder of a path, in which its job runs; empty, the current folder, for a name
+// without a folder, unless its drive is there.
 std::string WorkingFolderOf(std::string_view path);
 
 }  // namespace orv

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "host/document/app.h"
+#include "host/system/path.h"
 #include "host/system/text.h"
 #include "jobs/animation_frames.h"
 #include "jobs/edit_options.h"
@@ -30,7 +31,9 @@ std::optional<RenderJob> PrepareJob(CRhinoDoc& doc, const UserValues& user,
     job.Scene = settings.RibName;
     return job;
   }
-  const std::string firstFrame = AppendToBaseName(settings.RibName, "_0000");
+  const std::optional<std::string> base = JobBaseName(settings.RibName);
+  if (!base) return std::nullopt;
+  const std::string firstFrame = *base + "_0000" + host::SplitPath(settings.RibName).Extension;
   if (!WriteAnimationFrames(doc, settings, user.UseOrvControl ? nullptr : &job.Scene)) {
     return std::nullopt;
   }
@@ -73,11 +76,13 @@ CommandResult CCommandSceneOut::RunCommand(CRhinoCommandContext& context) {
 }
 
 CCommandOrvRender::CCommandOrvRender(CSceneOutPlugIn& plugIn)
-    : COrvCommand(plugIn, "df8ed18e-ac41-458c-a541-9ce5069a8724"_uuid, "OrvRender",
-                  "Writes the scene file and starts the renderer.",
-                  "Asks for the options of OrvOptions, which count for this job alone. Enter\n"
-                  "writes the files as OrvExport does and starts orv.exe, or orvq or gyre.exe\n"
-                  "when the profile's UseOrvControl or Gyre says so.\n") {}
+    : COrvCommand(
+          plugIn, "df8ed18e-ac41-458c-a541-9ce5069a8724"_uuid, "OrvRender",
+          "Writes the scene file and starts the renderer.",
+          "Asks for the options of OrvOptions, which count for this job alone. Enter\n"
+          "writes the files as OrvExport does and starts orv.exe, or orvq or gyre.exe\n"
+          "when the profile's UseOrvControl or Gyre says so. With a Frame the file gets its\n"
+          "number, but the program is started on the one that RibName names.\n") {}
 
 CommandResult CCommandOrvRender::RunCommand(CRhinoCommandContext& context) {
   RenderSettings settings = PlugIn().LoadSettings();

@@ -1,5 +1,6 @@
 #include "jobs/submit_job_command.h"
 
+#include <optional>
 #include <utility>
 
 #include "host/command/get_option.h"
@@ -46,10 +47,11 @@ bool Submit(const UserValues& user, const RenderSettings& settings, FrameRange f
     job.Frames = frames;
     return StartRender(user, settings, job);
   }
-  const std::string base = PathWithoutExtension(settings.RibName, kMostBaseCharacters);
-  if (settings.Gyre) return SubmitToQueue(base, job.WorkingFolder, frames);
-  job.Scene = base + "_all.rib";
-  return WriteFileOfFrames(job.Scene, base, frames) && StartRender(user, settings, job);
+  const std::optional<std::string> base = JobBaseName(settings.RibName);
+  if (!base) return false;
+  if (settings.Gyre) return SubmitToQueue(*base, job.WorkingFolder, frames);
+  job.Scene = *base + "_all.rib";
+  return WriteFileOfFrames(job.Scene, *base, frames) && StartRender(user, settings, job);
 }
 
 }  // namespace

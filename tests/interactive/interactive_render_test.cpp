@@ -38,6 +38,8 @@ class InteractiveRenderTest : public LiveDocument {
     settings_.SetUserString("RhinoGamma", "1");
     ONX_Model model;
     model.m_layer_table.emplace_back().SetRenderMaterialIndex(1);
+    model.m_layer_table.emplace_back().SetRenderMaterialIndex(0);
+    model.m_layer_table.back().m_id.bytes[0] = 1;
     model.m_material_table = {Named("red", {255, 0, 0}), Named("green", {0, 255, 0}),
                               Named("unused", {0, 0, 255})};
     model.m_object_table = {
@@ -249,6 +251,17 @@ TEST_F(InteractiveRenderTest, WithoutASessionNothingHappens) {
   EXPECT_TRUE(Doc().m_material_table.ModifyMaterial(Named("green", {0, 0, 255}), 1));
   MoveView({10, 0, 0});
   EXPECT_EQ(messages_, "");
+}
+
+TEST_F(InteractiveRenderTest, LayersDontGoOut) {
+  ASSERT_TRUE(Start());
+  ON_Layer layer = *Doc().m_layer_table.At(0);
+  layer.SetRenderMaterialIndex(0);
+  EXPECT_TRUE(Doc().m_layer_table.ModifyLayer(layer, 0));
+  ON_3dmObjectAttributes attributes = Object(1).Attributes();
+  attributes.m_layer_index = 1;
+  EXPECT_TRUE(Doc().ModifyObjectAttributes(*Doc().Objects()[1], attributes));
+  EXPECT_THAT(Frames(), IsEmpty());
 }
 
 TEST_F(InteractiveRenderTest, ADisplacementGoesOutByItsMode) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "command_fixture.h"
+#include "host/system/text.h"
 #include "settings/settings_store.h"
 #include "support/rib_checker.h"
 #include "support/scoped_environment.h"
@@ -216,6 +217,34 @@ TEST_F(BakeCommand, FailedExportStartsNothing) {
   EXPECT_EQ(Bake({"BakeMesh=Yes", "Enter"}), CommandResult::nothing);
   EXPECT_EQ(messages_, "Unable to save " + folder_.File("none/hall_bake.rib") + ".\n");
   EXPECT_THAT(bench_.Runs(), IsEmpty());
+}
+
+TEST_F(BakeCommand, FrontEndHasAWindow) {
+  const std::string own = std::filesystem::read_symlink("/proc/self/fd/1").string();
+  Store("OrvShow", "1");
+  EXPECT_EQ(Bake({"Enter"}), CommandResult::success);
+  const auto runs = bench_.WaitForRuns(1);
+  ASSERT_EQ(runs.size(), 1U);
+  EXPECT_EQ(runs[0].streams.at(1), own.starts_with("pipe:") ? "/dev/null" : own);
+}
+
+TEST_F(BakeCommand, OfALongNameTheFileThatWasWrittenIsBaked) {
+  // Folders up to five characters before the last one that counts.
+  constexpr std::size_t kCounts = 999;
+  std::string path = folder_.Path().string();
+  const auto left = [&] { return kCounts - 5 - host::CodePointCount(path); };
+  while (left() > 1) {
+    path += "/" + std::string(std::min<std::size_t>(left() - 1, 200), 'x');
+    std::filesystem::create_directory(path);
+  }
+  Store("RibName", path + "/abcdef.rib");
+  EXPECT_EQ(Bake({"Enter"}), CommandResult::success);
+  const std::string written = std::string(host::FirstCodePoints(path + "/abcdef", kCounts));
+  EXPECT_TRUE(std::filesystem::is_regular_file(written));
+  const auto runs = bench_.WaitForRuns(1);
+  ASSERT_EQ(runs.size(), 1U);
+  EXPECT_EQ(runs[0].command.back(), written);
+  EXPECT_EQ(runs[0].folder, path);
 }
 
 TEST_F(BakeCommand, MissingFrontEndIsTold) {

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "command_fixture.h"
+#include "host/system/text.h"
 #include "jobs/cube_map_command.h"
 #include "jobs/cube_map_rib.h"
 #include "support/scoped_environment.h"
@@ -127,6 +128,52 @@ TEST_F(CubeMap, TheUsersValuesChooseTheProgram) {
   runs = bench_.WaitForRuns(2);
   ASSERT_EQ(runs.size(), 2U);
   EXPECT_THAT(runs[1].command, ElementsAre("orvq", "-p", "4", folder_.File("a.rib")));
+}
+
+TEST_F(CubeMap, TheProgramsWindowIsHiddenForTheControlFrontEndAlone) {
+  const std::string own = std::filesystem::read_symlink("/proc/self/fd/1").string();
+  const std::string shown = own.starts_with("pipe:") ? "/dev/null" : own;
+  const struct {
+    const char* show;
+    bool control;
+    bool gyre;
+    std::string output;
+  } rows[] = {{"0", false, false, shown},
+              {"1", false, false, shown},
+              {"1", false, true, shown},
+              {"0", true, false, "/dev/null"}};
+  for (const auto& row : rows) {
+    const ToolBench bench;
+    Set("OrvShow", row.show);
+    plugIn_.User().UseOrvControl = row.control;
+    plugIn_.User().Gyre = row.gyre;
+    EXPECT_EQ(Render(), CommandResult::success);
+    const auto runs = bench.WaitForRuns(1);
+    ASSERT_EQ(runs.size(), 1U);
+    EXPECT_EQ(runs[0].streams.at(1), row.output) << runs[0].command[0];
+  }
+}
+
+TEST_F(CubeMap, OfALongNameTheControlFileIsRenderedThatWasWritten) {
+  const std::size_t left = 256 - 1 - host::CodePointCount(folder_.Path().string());
+  const std::string base(left, 'x');
+  Set("RibName", folder_.File(base + "yyy.rib"));
+  EXPECT_EQ(Render(), CommandResult::success);
+  EXPECT_THAT(FileContent(folder_.File(base)), HasSubstr("MakeCubeFaceEnvironment"));
+  const auto runs = bench_.WaitForRuns(1);
+  ASSERT_EQ(runs.size(), 1U);
+  EXPECT_EQ(runs[0].command.back(), folder_.File(base));
+}
+
+TEST_F(CubeMap, AFolderThatIsTooLongIsAFailure) {
+  const std::string folder = folder_.File(std::string(250, 'x'));
+  std::filesystem::create_directory(folder);
+  Set("RibName", folder + "/a.rib");
+  EXPECT_EQ(Render(), CommandResult::failure);
+  EXPECT_EQ(messages_, "Unable to name the files of a job after " + folder +
+                           "/a.rib: its first 256 characters count, and its folder is longer.\n");
+  EXPECT_TRUE(std::filesystem::is_empty(folder));
+  EXPECT_THAT(bench_.Runs(), IsEmpty());
 }
 
 TEST_F(CubeMap, AnythingButAPointEndsTheCommand) {

@@ -156,6 +156,23 @@ TEST_F(MaterialCommandTest, AShaderThatIsNotAcceptedStays) {
   EXPECT_THAT(MaterialText(0, "OrvSurfaceLayout"), Optional(std::string("-")));
 }
 
+TEST_F(MaterialCommandTest, AShaderThatWasPickedGoesToAllObjects) {
+  SetMaterialText(0, "OrvSurface", "\"X\" \"float A\" [1 2]");
+  SetMaterialText(0, "OrvDisplacement", "\"Y\"");
+  Select({2});
+  EXPECT_EQ(Edit({"ShadingSamples=7", "Enter"}), CommandResult::success) << "its layer has none";
+  SetMaterialText(2, "OrvSurface", "\"Z\"");
+  SetMaterialText(2, "OrvSurfaceLayout", "-");
+  Select({0, 2});
+  EXPECT_EQ(Edit({"Enter"}), CommandResult::success);
+  EXPECT_THAT(MaterialText(2, "OrvSurface"), Optional(std::string("\"Z\"")))
+      << "nothing was picked";
+  EXPECT_EQ(Edit({"Surface", "!", "Displacement", "!", "Enter"}), CommandResult::success);
+  EXPECT_THAT(MaterialText(2, "OrvSurface"), Optional(std::string("\"X\" \"float A\" [1 2]")));
+  EXPECT_THAT(MaterialText(2, "OrvDisplacement"), Optional(std::string("\"Y\"")));
+  EXPECT_THAT(MaterialText(2, "OrvSurfaceLayout"), Optional(std::string("-")));
+}
+
 TEST_F(MaterialCommandTest, IsStoredInTheMaterialOfEachObject) {
   Select({0, 2});
   EXPECT_EQ(Edit({"ShadingSamples=7", "Enter"}), CommandResult::success);

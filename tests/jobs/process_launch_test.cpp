@@ -63,6 +63,8 @@ TEST(ProcessLaunch, TheWorkingFolderIsThatOfThePath) {
   EXPECT_EQ(WorkingFolderOf("/tmp\\a.rib"), "/tmp\\");
   EXPECT_EQ(WorkingFolderOf("a.rib"), "");
   EXPECT_EQ(WorkingFolderOf(""), "");
+  EXPECT_EQ(WorkingFolderOf("c:a.rib"), "");
+  EXPECT_EQ(WorkingFolderOf("c:\\a.rib"), "c:\\");
 }
 
 }  // namespace

@@ -201,6 +201,36 @@ TEST_F(SceneCommands, OfALongNameTheFirst512CharactersArePassed) {
   EXPECT_EQ(OnlyRun().command.back(), host::FirstCodePoints(path, 512));
 }
 
+TEST_F(SceneCommands, TheControlFrontEndIsGivenTheFirstFrameOfALongName) {
+  SetSequence(1, 2);
+  plugIn_.User().UseOrvControl = true;
+  const std::size_t left = 256 - 1 - host::CodePointCount(folder_.Path().string());
+  const std::string base(left, 'x');
+  Set("RibName", folder_.File(base + "yyy.rib"));
+  EXPECT_EQ(Render(), CommandResult::success);
+  EXPECT_TRUE(Exists(base + "_0000.rib"));
+  EXPECT_EQ(OnlyRun().command.back(), folder_.File(base + "_0000.rib"));
+}
+
+TEST_F(SceneCommands, ASequenceWhoseFolderIsTooLongIsAFailure) {
+  SetSequence(1, 2);
+  const std::string folder = folder_.File(std::string(250, 'x'));
+  std::filesystem::create_directory(folder);
+  const std::string name = folder + "/a.rib";
+  Set("RibName", name);
+  const std::string message = "Unable to name the files of a job after " + name +
+                              ": its first 256 characters count, and its folder is longer.\n";
+  EXPECT_EQ(Export(), CommandResult::failure);
+  EXPECT_EQ(Render(), CommandResult::failure);
+  plugIn_.User().UseOrvControl = true;
+  EXPECT_EQ(Render(), CommandResult::failure);
+  EXPECT_EQ(messages_, message + message + message);
+  EXPECT_TRUE(std::filesystem::is_empty(folder));
+  std::filesystem::remove(folder);
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.Path())) << "a file in another folder";
+  EXPECT_THAT(bench_.Runs(), IsEmpty());
+}
+
 TEST_F(SceneCommands, ASequenceIsRenderedFromTheFileOfAllFrames) {
   SetSequence(1, 30);
   plugIn_.User().Threads = 2;

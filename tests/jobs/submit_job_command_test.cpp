@@ -135,6 +135,33 @@ TEST_F(SubmitJob, AFileThatCannotBeWrittenIsAFailure) {
   EXPECT_THAT(bench_.Runs(), IsEmpty());
 }
 
+TEST_F(SubmitJob, AFolderThatIsTooLongIsAFailure) {
+  const std::string folder = folder_.File(std::string(250, 'x'));
+  std::filesystem::create_directory(folder);
+  Set("RibName", folder + "/a.rib");
+  const std::string message = "Unable to name the files of a job after " + folder +
+                              "/a.rib: its first 256 characters count, and its folder is longer.\n";
+  EXPECT_EQ(Submit("1", "2"), CommandResult::failure);
+  plugIn_.User().Gyre = true;
+  EXPECT_EQ(Submit("1", "2"), CommandResult::failure);
+  EXPECT_EQ(messages_, message + message);
+  std::filesystem::remove(folder);
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.Path())) << "a file in another folder";
+  EXPECT_THAT(bench_.Runs(), IsEmpty());
+}
+
+TEST_F(SubmitJob, TheProgramsHaveAWindow) {
+  const std::string own = std::filesystem::read_symlink("/proc/self/fd/1").string();
+  const std::string shown = own.starts_with("pipe:") ? "/dev/null" : own;
+  EXPECT_EQ(Submit("1", "1"), CommandResult::success);
+  ASSERT_EQ(bench_.WaitForRuns(1).size(), 1U);
+  plugIn_.User().Gyre = true;
+  EXPECT_EQ(Submit("1", "1"), CommandResult::success);
+  const auto runs = bench_.WaitForRuns(2);
+  ASSERT_EQ(runs.size(), 2U);
+  for (const ToolRun& run : runs) EXPECT_EQ(run.streams.at(1), shown) << run.command[0];
+}
+
 TEST_F(SubmitJob, ANameWithAQuoteOrALineEndRunsNothing) {
   for (const char* name : {"a\" \"b.rib", "a\ngyre.exe b.rib"}) {
     Set("RibName", folder_.File(name));
@@ -151,6 +178,8 @@ TEST_F(SubmitJob, ANameWithAQuoteOrALineEndRunsNothing) {
 
 TEST_F(SubmitJob, AMissingProgramIsAFailureInSilence) {
   const ScopedEnvironment path("PATH", folder_.Path().string());
+  EXPECT_EQ(Submit("1", "2"), CommandResult::failure);
+  plugIn_.User().Gyre = true;
   EXPECT_EQ(Submit("1", "2"), CommandResult::failure);
   plugIn_.User().UseOrvControl = true;
   EXPECT_EQ(Submit("1", "2"), CommandResult::failure);

@@ -115,6 +115,32 @@ TEST_F(RenderJobs, ARendererThatShowsTheImageHasNoWindow) {
   EXPECT_THAT(runs[1].streams, ElementsAre("/dev/null", Not("/dev/null"), Not("/dev/null")));
 }
 
+TEST_F(RenderJobs, ARendererFindsASceneOfAnyName) {
+  std::filesystem::create_directories(folder_.File("out"));
+  // The name, what the renderer is told, and the folder in which it runs.
+  const struct {
+    const char* name;
+    std::string told;
+    std::string folder;
+  } rows[] = {
+      {"out/still.rib", folder_.File("out/still.rib"), folder_.File("out")},
+      {"out\\still.rib", folder_.File("out/still.rib"), folder_.File("out")},
+      {"-g.rib", "./-g.rib", folder_.Path().string()},
+      {"c:d.rib", "c:d.rib", folder_.Path().string()},
+  };
+  for (const auto& row : rows) {
+    const ToolBench bench;
+    const ProcessResult result =
+        RunScript(kExample, kSize, "OrvRender RibName=" + std::string(row.name) + " Enter");
+    EXPECT_EQ(result.status, 0) << result.out << result.err;
+    const auto runs = bench.WaitForRuns(1);
+    ASSERT_EQ(runs.size(), 1U) << row.name;
+    EXPECT_EQ(runs[0].command.back(), row.told);
+    EXPECT_EQ(runs[0].folder, row.folder);
+    EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(runs[0].folder) / row.told));
+  }
+}
+
 TEST_F(RenderJobs, ATurntableIsAFileForEachFrame) {
   const ProcessResult result =
       RunScript(kExample, std::string(kSize) + "AnimFrames=4\nRibName=turn.rib\n",
@@ -297,7 +323,7 @@ TEST_F(RenderJobs, ANameWithADriveIsAFolderHere) {
   const ProcessResult result = RunScript(kExample, kSize, "OrvRender RibName=C:\\t\\a.rib Enter");
   EXPECT_EQ(result.status, 0) << result.out << result.err;
   EXPECT_TRUE(Exists("C:/t/a.rib"));
-  EXPECT_EQ(OnlyRun().command.back(), "C:/t/a.rib");
+  EXPECT_EQ(OnlyRun().command.back(), folder_.File("C:/t/a.rib"));
   EXPECT_EQ(OnlyRun().folder, folder_.File("C:/t"));
 }
 

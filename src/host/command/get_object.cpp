@@ -1,6 +1,5 @@
 #include "host/command/get_object.h"
 
-#include <algorithm>
 #include <charconv>
 
 #include "host/document/doc.h"
@@ -31,7 +30,10 @@ void CRhinoGetObject::EnablePreSelect(bool enable, bool ignore_unacceptable) {
 CRhinoGet::Result CRhinoGetObject::GetObjects(int min, int max) {
   min_ = min;
   max_ = max;
-  if (clear_on_entry_) objects_.clear();
+  if (clear_on_entry_) {
+    objects_.clear();
+    chosen_.clear();
+  }
   if (pre_select_ && TakeSelection()) return Have(Result::object);
   return Get();
 }
@@ -64,9 +66,7 @@ bool CRhinoGetObject::TakeSelection() {
 }
 
 void CRhinoGetObject::Add(CRhinoObject& object) {
-  if (std::find(objects_.begin(), objects_.end(), &object) == objects_.end()) {
-    objects_.push_back(&object);
-  }
+  if (chosen_.insert(&object).second) objects_.push_back(&object);
 }
 
 CRhinoObject* FindObjectByNumber(const CRhinoDoc& doc, std::string_view text) {
@@ -124,6 +124,8 @@ void CRhinoGetObject::CompletePrompt(Prompt& prompt) const {
     prompt.AcceptsEnter = ObjectCount() >= min_;
     prompt.Text += host::Format(" (%d selected, Enter ends)", ObjectCount());
   }
+  // The names are for a person, and there may be many.
+  if (!Context().m_input.IsInteractive()) return;
   CRhinoObjectIterator it(Context().m_doc);
   it.IncludeLights();
   for (CRhinoObject* object = it.First(); object != nullptr; object = it.Next()) {

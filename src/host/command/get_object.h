@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "host/command/getter.h"
@@ -56,6 +57,8 @@ class CRhinoGetObject : public CRhinoGet {
   int min_ = 1;
   int max_ = 1;
   std::vector<CRhinoObject*> objects_;
+  // The same, to be looked up.
+  std::unordered_set<const CRhinoObject*> chosen_;
 };
 
 // The object or light with the id or runtime serial number that `text` is; null when there is none,

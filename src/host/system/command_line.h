@@ -12,13 +12,15 @@ namespace host {
 // backslash is a letter like any other.
 std::vector<std::string> SplitCommandLine(std::string_view line);
 
-// Spells words that name existing files with the system's own separators, so that other programs
-// find them: "/tmp\a.rib" becomes "/tmp/a.rib" where "\" separates nothing. Any other word stays.
-void UseNativeNames(std::vector<std::string>& words);
+// The words of a command line that starts a program, which finds the files from another folder than
+// this one, too: a word that names an existing file in a folder becomes its full path, with the
+// system's own separators. A name in quotes is none of the program's options: "-a.rib" becomes
+// "./-a.rib" when there is such a file. Any other word stays.
+std::vector<std::string> ProgramWords(std::string_view line);
 
 // True for an existing file whose name ends in ".bat".
 bool IsBatchFile(std::string_view path);
-// The command lines of a batch file, taken apart, with native names and without the empty ones. Nothing when it can't be
+// The words of each command line of a batch file, without the empty lines. Nothing when it can't be
 // read.
 std::optional<std::vector<std::vector<std::string>>> ReadBatchFile(std::string_view path);
 

@@ -123,9 +123,9 @@ void FileReplacement::Copy(const FileReader& file, std::uint64_t offset, std::ui
   if (error_ == 0) error_ = CopyStretch(fd_, file.fd_, offset, length);
 }
 
-bool FileReplacement::Commit() {
+bool FileReplacement::Commit(Flush flush) {
   if (error_ == 0 && permissions_ && fchmod(fd_, *permissions_) != 0) error_ = errno;
-  if (error_ == 0 && fsync(fd_) != 0) error_ = errno;
+  if (error_ == 0 && flush == Flush::yes && fsync(fd_) != 0) error_ = errno;
   if (fd_ >= 0) {
     const int closeError = CloseFile(fd_);
     fd_ = -1;
@@ -134,14 +134,14 @@ bool FileReplacement::Commit() {
     if (error_ != 0) unlink(new_name_.c_str());
   }
   if (error_ != 0) return Fail(error_);
-  FlushFolder(FolderOf(target_));
+  if (flush == Flush::yes) FlushFolder(FolderOf(target_));
   return true;
 }
 
-bool ReplaceFile(std::string_view path, std::string_view bytes) {
+bool ReplaceFile(std::string_view path, std::string_view bytes, Flush flush) {
   FileReplacement file(path);
   file.Write(bytes);
-  return file.Commit();
+  return file.Commit(flush);
 }
 
 }  // namespace host

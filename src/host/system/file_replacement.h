@@ -9,6 +9,10 @@
 
 namespace host {
 
+// Whether a file is on the disk when its writing has ended: without that a crash of the machine,
+// but nothing else, may leave the old one, and many files are written far faster.
+enum class Flush { no, yes };
+
 // Writes a file so that a crash at any moment leaves either the old or the new one whole: into a
 // new file beside it, which Commit flushes to the disk and renames over it. The permissions of the
 // old file stay, and a symbolic link is followed. Replaces only regular files that may be written.
@@ -27,7 +31,7 @@ class FileReplacement {
   void Write(std::string_view bytes);
   // Copies a stretch of another file, where the system can without reading it.
   void Copy(const FileReader& file, std::uint64_t offset, std::uint64_t length);
-  [[nodiscard]] bool Commit();
+  [[nodiscard]] bool Commit(Flush flush = Flush::yes);
 
  private:
   std::string target_;
@@ -38,6 +42,7 @@ class FileReplacement {
 };
 
 // FileReplacement of the whole content. False on failure (LastSystemError tells why).
-[[nodiscard]] bool ReplaceFile(std::string_view path, std::string_view bytes);
+[[nodiscard]] bool ReplaceFile(std::string_view path, std::string_view bytes,
+                               Flush flush = Flush::yes);
 
 }  // namespace host

@@ -181,8 +181,10 @@ std::optional<pid_t> Start(const ProcessStart& start, bool stands_apart) {
   return Preparation(start, stands_apart).Start(FindProgramFiles(arguments[0]), arguments);
 }
 
-// A process that has left this one behind: its terminal, its pipes, its open files.
+// A process that has left this one behind: its terminal, its pipes, its open files, and what it
+// does on signals.
 void StandApart() {
+  for (int number = 1; number < NSIG; ++number) signal(number, SIG_DFL);
   setsid();
   const int nothing = open("/dev/null", O_RDWR);
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
@@ -191,7 +193,13 @@ void StandApart() {
   close_range(STDERR_FILENO + 1, ~0U, 0);
 }
 
+// Waits as long as it takes, also when signals come in between.
+void WaitAndReap(pid_t process) {
+  while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) continue;
+}
+
 // Starts a process that starts the programs of a batch file, each when the one before it has ended.
+// When none of them is there, there is nothing to start.
 std::optional<pid_t> StartBatch(const ProcessStart& start) {
   const auto lines = ReadBatchFile(start.Arguments[0]);
   if (!lines || HasZeroByte(start.Folder) || InterruptRequested()) return std::nullopt;
@@ -200,15 +208,15 @@ std::optional<pid_t> StartBatch(const ProcessStart& start) {
   for (const auto& words : *lines) {
     if (!files.contains(words[0])) files[words[0]] = FindProgramFiles(words[0]);
   }
+  const auto is_missing = [](const auto& program) { return program.second.empty(); };
+  if (!files.empty() && std::all_of(files.begin(), files.end(), is_missing)) return std::nullopt;
   const Preparation preparation(start, true);
   const pid_t process = fork();
   if (process < 0) return std::nullopt;
   if (process > 0) return process;
   StandApart();
   for (const auto& words : *lines) {
-    if (const auto program = preparation.Start(files.at(words[0]), words)) {
-      waitpid(*program, nullptr, 0);
-    }
+    if (const auto program = preparation.Start(files.at(words[0]), words)) WaitAndReap(*program);
   }
   _exit(0);
 }
@@ -229,7 +237,7 @@ bool StartProcess(const ProcessStart& start) {
   const std::optional<pid_t> process = is_batch ? StartBatch(start) : Start(start, true);
   if (!process) return false;
   // Takes the process off the system's list when it ends; nobody waits for it.
-  std::thread([id = *process] { waitpid(id, nullptr, 0); }).detach();
+  std::thread([id = *process] { WaitAndReap(id); }).detach();
   return true;
 }
 

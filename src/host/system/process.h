@@ -31,7 +31,8 @@ struct ProcessStart {
 // it has ended. What it prints is shown where this program's output is, unless that is a pipe,
 // whose reader would have to wait for its end. A batch file, "name.bat", is a program, too: its
 // lines are command lines, which are run one after the other without a shell; one whose program
-// isn't there is passed over. True when it was started, as with RunProcess.
+// isn't there is passed over, and a file of nothing but such lines can't be started. True when it
+// was started, as with RunProcess.
 [[nodiscard]] bool StartProcess(const ProcessStart& start);
 
 }  // namespace host

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+
 #include "host/document/doc.h"
 #include "sample_document.h"
 #include "support/typed_input.h"
@@ -140,6 +142,48 @@ TEST_F(GetObjectTest, EnterBeforeTheMinimumIsRefused) {
   Answer({"Roof", "Enter", "Mark", "Enter"});
   EXPECT_EQ(get_->GetObjects(2, 0), Result::object);
   EXPECT_THAT(input_->Refusals(), ElementsAre("At least 2 objects are needed."));
+}
+
+TEST_F(GetObjectTest, ManySelectedObjectsAreTakenInNoTime) {
+  constexpr int kCount = 200'000;
+  ONX_Model model;
+  model.m_object_table.resize(kCount, SampleModel().m_object_table[0]);
+  for (ONX_ModelObject& object : model.m_object_table) object.m_attributes.m_uuid = {};
+  doc_.SetModel(std::move(model), "");
+  for (const auto& object : doc_.Objects()) ASSERT_TRUE(object->Select());
+  Answer({});
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(get_->GetObjects(1, 0), Result::object);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+  EXPECT_EQ(get_->ObjectCount(), kCount);
+}
+
+// Remembers the words of the prompts that it cancels.
+class WordsOfPrompts : public InputSource {
+ public:
+  explicit WordsOfPrompts(bool is_interactive) : is_interactive_(is_interactive) {}
+  bool Refuse(std::string_view) override { return false; }
+  bool IsInteractive() const override { return is_interactive_; }
+  const std::vector<std::string>& Words() const { return words_; }
+
+ protected:
+  Answer Read(const Prompt& prompt) override {
+    words_ = prompt.Words;
+    return {Answer::Kind::cancel, {}, false};
+  }
+
+ private:
+  bool is_interactive_;
+  std::vector<std::string> words_;
+};
+
+TEST_F(GetObjectTest, NamesAreAtHandForAPersonOnly) {
+  for (const bool is_person : {true, false}) {
+    WordsOfPrompts input(is_person);
+    CRhinoCommandContext context(doc_, input, false);
+    EXPECT_EQ(CRhinoGetObject(context).GetObjects(1, 0), Result::cancel);
+    EXPECT_EQ(input.Words().size(), is_person ? 5U : 0U) << testing::PrintToString(input.Words());
+  }
 }
 
 TEST_F(GetObjectTest, OptionKeepsWhatWasTypedBeforeIt) {

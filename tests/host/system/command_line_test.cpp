@@ -2,10 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "support/temp_folder.h"
 
 namespace {
 
+using host::ProgramWords;
 using host::SplitCommandLine;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -78,9 +81,49 @@ TEST(CommandLine, ExistingFilesHaveTheSystemsSeparators) {
   WriteFileContent(folder.File("a.rib"), "");
   const std::string name = folder.Path().string() + "\\a.rib";
   const std::string missing = folder.Path().string() + "\\b.rib";
-  std::vector<std::string> words = {"orv.exe", name, missing, "C:\\t\\a.rib", "-p"};
-  host::UseNativeNames(words);
-  EXPECT_THAT(words, ElementsAre("orv.exe", folder.File("a.rib"), missing, "C:\\t\\a.rib", "-p"));
+  EXPECT_THAT(ProgramWords("orv.exe \"" + name + "\" \"" + missing + "\" C:\\t\\a.rib -p"),
+              ElementsAre("orv.exe", folder.File("a.rib"), missing, "C:\\t\\a.rib", "-p"));
+}
+
+// The test's folder is the current one as long as it lives.
+class CurrentFolder {
+ public:
+  CurrentFolder() { std::filesystem::current_path(folder_.Path()); }
+  ~CurrentFolder() { std::filesystem::current_path(before_); }
+  CurrentFolder(const CurrentFolder&) = delete;
+  CurrentFolder& operator=(const CurrentFolder&) = delete;
+
+  std::string File(const std::string& name) const { return folder_.File(name); }
+
+ private:
+  std::filesystem::path before_ = std::filesystem::current_path();
+  TempFolder folder_;
+};
+
+TEST(CommandLine, ExistingFilesInFoldersHaveTheirFullPath) {
+  const CurrentFolder folder;
+  std::filesystem::create_directories("out");
+  std::filesystem::create_directories("c:/out");
+  WriteFileContent("out/a b.rib", "");
+  WriteFileContent("c:/out/a.rib", "");
+  WriteFileContent("a.rib", "");
+  EXPECT_THAT(ProgramWords("orv.exe \"out/a b.rib\" \"out\\a b.rib\" c:\\out\\a.rib"),
+              ElementsAre("orv.exe", folder.File("out/a b.rib"), folder.File("out/a b.rib"),
+                          folder.File("c:/out/a.rib")));
+  EXPECT_THAT(ProgramWords("orv.exe a.rib out out/none.rib \"\""),
+              ElementsAre("orv.exe", "a.rib", "out", "out/none.rib", ""));
+  WriteFileContent("all.bat", "gyre.exe \"out/a b.rib\"\n");
+  EXPECT_THAT(host::ReadBatchFile("all.bat"),
+              Optional(ElementsAre(ElementsAre("gyre.exe", folder.File("out/a b.rib")))));
+}
+
+TEST(CommandLine, AFileIsNoOptionOfTheProgram) {
+  const CurrentFolder folder;
+  WriteFileContent("-a.rib", "");
+  WriteFileContent("-p", "");
+  EXPECT_THAT(ProgramWords("orv.exe -p 1 \"-a.rib\" \"-b.rib\""),
+              ElementsAre("orv.exe", "-p", "1", "./-a.rib", "-b.rib"));
+  EXPECT_THAT(ProgramWords("orv.exe -p 1 \"-p\""), ElementsAre("orv.exe", "-p", "1", "./-p"));
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <sstream>
 #include <thread>
 
 #include "host/system/interrupt.h"
@@ -173,6 +174,49 @@ TEST_F(ProcessTest, ALineOfABatchFileWaitsForTheOneBefore) {
   ASSERT_EQ(runs.size(), 2U);
   EXPECT_THAT(runs[1].command, ElementsAre("gyre.exe", "2"));
   kill(runs[1].process, SIGKILL);
+  EXPECT_TRUE(BecomesTrue([] { return waitpid(-1, nullptr, WNOHANG) == -1; }));
+}
+
+// The process that has started another one.
+pid_t ParentOf(pid_t process) {
+  std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+  const std::string stat{std::istreambuf_iterator<char>(file), {}};
+  char state = 0;
+  pid_t parent = 0;
+  std::istringstream(stat.substr(stat.rfind(')') + 1)) >> state >> parent;
+  return parent;
+}
+
+TEST_F(ProcessTest, ABatchFileThatIsInterruptedStartsNoMoreLines) {
+  const ToolBench bench("hang");
+  const std::string batch = folder_.File("all.bat");
+  WriteFileContent(batch, "gyre.exe 1\ngyre.exe 2\ngyre.exe 3\n");
+  struct sigaction before = {};
+  sigaction(SIGINT, nullptr, &before);
+  host::CatchInterrupts();
+  EXPECT_TRUE(host::StartProcess({{batch}, "", false}));
+  sigaction(SIGINT, &before, nullptr);
+  ASSERT_EQ(bench.WaitForRuns(1).size(), 1U);
+  const pid_t line = bench.Runs()[0].process;
+  const pid_t file = ParentOf(line);
+  ASSERT_NE(file, getpid());
+  ASSERT_GT(file, 1);
+  EXPECT_EQ(kill(file, SIGINT), 0);
+  EXPECT_TRUE(BecomesTrue([&] { return IsGone(file); }));
+  EXPECT_FALSE(IsGone(line)) << "the frame that is being rendered goes on";
+  kill(line, SIGKILL);
+  std::this_thread::sleep_for(milliseconds(100));
+  for (const ToolRun& run : bench.Runs()) kill(run.process, SIGKILL);
+  EXPECT_EQ(bench.Runs().size(), 1U);
+}
+
+TEST_F(ProcessTest, ABatchFileOfMissingProgramsIsNotStarted) {
+  const std::string batch = folder_.File("all.bat");
+  WriteFileContent(batch, "no-such-program 1\nnone-like-this 2\n");
+  EXPECT_FALSE(host::StartProcess({{batch}, "", false}));
+  ExpectNoChild();
+  WriteFileContent(batch, "");
+  EXPECT_TRUE(host::StartProcess({{batch}, "", false})) << "nothing is missing";
   EXPECT_TRUE(BecomesTrue([] { return waitpid(-1, nullptr, WNOHANG) == -1; }));
 }
 
