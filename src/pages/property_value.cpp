@@ -8,6 +8,7 @@
 #include "host/command/color_text.h"
 #include "host/command/command_option.h"
 #include "host/system/number_text.h"
+#include "host/system/text.h"
 #include "pages/control_value.h"
 #include "settings/number_list.h"
 
@@ -16,6 +17,14 @@ namespace {
 
 bool IsTyped(const PropertyRule& rule) {
   return rule.Limit.Maximum > rule.Limit.Minimum;
+}
+
+// Whether a number stands at the start of the text.
+bool BeginsWithNumber(std::string_view text) {
+  text = host::Trimmed(text);
+  if (text.starts_with('+') || text.starts_with('-')) text.remove_prefix(1);
+  if (text.starts_with('.')) text.remove_prefix(1);
+  return !text.empty() && text[0] >= '0' && text[0] <= '9';
 }
 
 std::string NotANumber(std::string_view name, std::string_view text) {
@@ -57,7 +66,7 @@ std::string ReadPropertyText(std::string_view name, std::string_view text, const
                              int& value) {
   if (IsTyped(rule)) {
     const std::optional<int> number = host::ParseIntInRange(text);
-    if (!number) return NotANumber(name, text);
+    if (!BeginsWithNumber(text) || !number) return NotANumber(name, text);
     value = static_cast<int>(rule.Limit.Hold(*number));
     return {};
   }
@@ -72,7 +81,7 @@ std::string ReadPropertyText(std::string_view name, std::string_view text, const
 std::string ReadPropertyText(std::string_view name, std::string_view text, const PropertyRule& rule,
                              double& value) {
   const std::optional<double> number = ParseNumber(text, rule.Limit);
-  if (!number) return NotANumber(name, text);
+  if (!BeginsWithNumber(text) || !number) return NotANumber(name, text);
   value = *number;
   return {};
 }

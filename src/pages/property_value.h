@@ -35,7 +35,7 @@ std::string PropertyText(const PropertyRule& rule, ON_Color value);
 // Each sets `value` from a text; `name` is what messages call the control. What is wrong with the
 // text, empty when nothing is; `value` then stays.
 //
-// A text that is no number counts as 0; one outside of the range of its type, or a NaN, is wrong.
+// A text that begins with no number, and a number outside of the range of its type, are wrong.
 std::string ReadPropertyText(std::string_view name, std::string_view text, const PropertyRule& rule,
                              bool& value);
 std::string ReadPropertyText(std::string_view name, std::string_view text, const PropertyRule& rule,

@@ -72,6 +72,8 @@ bool WritePreviewScene(std::string_view path, const MaterialAttributes& attribut
   ConvertHostMaterial(shown, usesTexture, hasOpacityMap, textures, convertTextures,
                       gammas.TextureGamma);
   shown.Instancer.clear();
+  // The scene's own name stands for the material's.
+  shown.Name.clear();
   WriteMaterialFile(file, path, gammas.RhinoGamma, shown);
   file.Write(DisplacementText(shown));
   file.Write(kAfterMaterial);

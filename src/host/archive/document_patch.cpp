@@ -23,16 +23,16 @@ DocumentPatch::DocumentPatch(const DocumentSource& source, int version, unsigned
   open_.emplace_back();
 }
 
-std::uint32_t DocumentPatch::BeginChunk() {
+bool DocumentPatch::BeginChunk() {
   OpenChunk chunk;
   chunk.start = archive_.CurrentPosition();
   if (archive_.BytesLeft() == 0 || !archive_.BeginRead3dmChunk(&chunk.typecode, &chunk.value)) {
-    return 0;
+    return false;
   }
   chunk.body = archive_.CurrentPosition();
   chunk.first_edit = edits_.size();
   open_.push_back(std::move(chunk));
-  return open_.back().typecode;
+  return true;
 }
 
 void DocumentPatch::EndChunk() {
@@ -48,11 +48,11 @@ void DocumentPatch::EndChunk() {
 }
 
 bool DocumentPatch::BeginChunkOf(std::uint32_t typecode) {
-  return archive_.PeekAt3dmChunkType() == typecode && BeginChunk() == typecode;
+  return archive_.PeekAt3dmChunkType() == typecode && BeginChunk();
 }
 
 bool DocumentPatch::SkipChunk() {
-  if (BeginChunk() == 0) return false;
+  if (!BeginChunk()) return false;
   EndChunk();
   return true;
 }

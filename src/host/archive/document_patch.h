@@ -33,9 +33,8 @@ class DocumentPatch {
   ON_BinaryArchive& Archive() { return archive_; }
   // Goes on at `offset`, which lies in the open chunk.
   void Seek(std::uint64_t offset) { reader_.Seek(offset); }
-  // Opens the next chunk; its typecode, or 0 when there is none. The chunk's own end is
-  // Archive().ChunkEnd().
-  std::uint32_t BeginChunk();
+  // Opens the next chunk; false when there is none. The chunk's own end is Archive().ChunkEnd().
+  [[nodiscard]] bool BeginChunk();
   // Where the open chunk begins.
   std::uint64_t ChunkStart() const { return open_.back().start; }
   // Ends the open chunk.

@@ -2,9 +2,17 @@
 
 #include <algorithm>
 
+#include "host/system/file_replacement.h"
+
 std::shared_ptr<const DocumentSource> DocumentSource::FromFile(std::string_view path) {
   const auto source = std::make_shared<DocumentSource>();
   source->file_.emplace(path);
+  return source;
+}
+
+std::shared_ptr<const DocumentSource> DocumentSource::FromFile(host::FileReplacement& committed) {
+  const auto source = std::make_shared<DocumentSource>();
+  source->file_.emplace(committed);
   return source;
 }
 

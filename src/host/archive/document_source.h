@@ -15,6 +15,8 @@ class DocumentSource {
  public:
   // Opens a file. Check IsOpen.
   static std::shared_ptr<const DocumentSource> FromFile(std::string_view path);
+  // The file that was committed.
+  static std::shared_ptr<const DocumentSource> FromFile(host::FileReplacement& committed);
   // A document in memory.
   static std::shared_ptr<const DocumentSource> FromBytes(std::string bytes);
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "host/archive/record_patches.h"
 #include "host/archive/record_writers.h"
@@ -176,28 +177,27 @@ class AttributeChunks {
   bool PatchNext(std::uint32_t typecode) {
     if (typecode == typecodes_.attributes) {
       has_attributes_ = true;
-      if (patch_.BeginChunk() == 0 || !PatchAttributes(patch_, before_, now_)) return false;
+      if (!patch_.BeginChunk() || !PatchAttributes(patch_, before_, now_)) return false;
       patch_.EndChunk();
       return true;
     }
-    if (typecode != typecodes_.user_data || has_user_data_) return patch_.SkipChunk();
-    has_user_data_ = true;
-    return PatchUserData();
+    if (typecode != typecodes_.user_data || !StringsDiffer()) return patch_.SkipChunk();
+    // The first list is replaced, more of them are removed: the last one would count.
+    return PatchUserData(std::exchange(has_user_data_, true) ? ON_UserStringList()
+                                                             : now_.m_user_strings);
   }
 
+  bool StringsDiffer() const { return before_.m_user_strings.m_e != now_.m_user_strings.m_e; }
+
   // A chunk that would hold nothing any more goes.
-  bool PatchUserData() {
+  bool PatchUserData(const ON_UserStringList& strings) {
     const std::uint64_t start = patch_.Archive().CurrentPosition();
-    const bool areRemoved = now_.m_user_strings.IsEmpty() && !before_.m_user_strings.IsEmpty();
-    if (areRemoved && HoldsOnlyUserStrings(patch_)) {
+    if (strings.IsEmpty() && HoldsOnlyUserStrings(patch_)) {
       if (!patch_.SkipChunk()) return false;
       patch_.ReplaceChunks(start, patch_.Archive().CurrentPosition() - start, {});
       return true;
     }
-    if (patch_.BeginChunk() == 0 ||
-        !PatchUserStrings(patch_, before_.m_user_strings, now_.m_user_strings)) {
-      return false;
-    }
+    if (!patch_.BeginChunk() || !ReplaceUserStrings(patch_, strings)) return false;
     patch_.EndChunk();
     return true;
   }
@@ -210,7 +210,7 @@ class AttributeChunks {
       const ChunkWriter chunk(archive, typecodes_.attributes);
       WriteAttributes(archive, now_);
     }
-    if (!has_user_data_ && before_.m_user_strings.m_e != now_.m_user_strings.m_e) {
+    if (!has_user_data_ && StringsDiffer()) {
       WriteAttributeStrings(archive, now_.m_user_strings, typecodes_.user_data);
     }
   }

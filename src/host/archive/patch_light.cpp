@@ -1,4 +1,6 @@
+#include "host/archive/chunk_scope.h"
 #include "host/archive/record_patches.h"
+#include "host/archive/record_readers.h"
 
 namespace host {
 namespace {
@@ -32,6 +34,12 @@ bool PatchLightData(DocumentPatch& patch, const ON_Light& before, const ON_Light
   return minor < 2 || patch.Double(before.m_hotspot, now.m_hotspot);
 }
 
+bool ReadLight(ON_BinaryArchive& archive, ONX_ModelLight& light) {
+  const ChunkScope scope(archive);
+  return BeginReadChunkOf(archive, TCODE_LIGHT_RECORD, "no light") &&
+         ReadLightRecord(archive, light);
+}
+
 }  // namespace
 
 bool PatchLight(DocumentPatch& patch, const ONX_ModelLight& before, const ONX_ModelLight& now) {
@@ -43,6 +51,21 @@ bool PatchLight(DocumentPatch& patch, const ONX_ModelLight& before, const ONX_Mo
   }
   patch.EndChunk();
   return true;
+}
+
+std::string PatchedLight(std::string record, const ON_BinaryArchive& archive,
+                         const ONX_ModelLight& now) {
+  const auto source = DocumentSource::FromBytes(std::move(record));
+  DocumentPatch patch(*source, archive.Archive3dmVersion(), archive.ArchiveOpenNURBSVersion());
+  ONX_ModelLight before;
+  if (!ReadLight(patch.Archive(), before)) return {};
+  patch.Seek(0);
+  if (!PatchLight(patch, before, now)) return {};
+  std::string bytes;
+  for (const DocumentPatch::Piece& piece : patch.Finish()) {
+    bytes += piece.kept.length > 0 ? source->Bytes(piece.kept) : piece.bytes;
+  }
+  return bytes;
 }
 
 }  // namespace host

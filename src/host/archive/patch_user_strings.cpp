@@ -23,7 +23,7 @@ void ReplaceList(DocumentPatch& patch, const ON_UserStringList& now) {
   ON_BinaryArchive& archive = patch.Archive();
   UserDataHeader header;
   // It has been read before, and so has all that is opened here.
-  if (patch.BeginChunk() == 0) return;
+  if (!patch.BeginChunk()) return;
   if (ReadUserDataHeader(archive, header) && patch.BeginChunkOf(TCODE_ANONYMOUS_CHUNK)) {
     archive.SetArchive3dmVersion(header.archive_version);
     archive.SetArchiveOpenNURBSVersion(header.opennurbs_version);
@@ -57,7 +57,10 @@ bool IsUserStrings(DocumentPatch& patch) {
 
 bool PatchUserStrings(DocumentPatch& patch, const ON_UserStringList& before,
                       const ON_UserStringList& now) {
-  if (before.m_e == now.m_e) return true;
+  return before.m_e == now.m_e || ReplaceUserStrings(patch, now);
+}
+
+bool ReplaceUserStrings(DocumentPatch& patch, const ON_UserStringList& now) {
   ON_BinaryArchive& archive = patch.Archive();
   bool isWritten = now.IsEmpty();
   // Up to the mark that ends the items, where there is one.

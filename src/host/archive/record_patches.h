@@ -14,6 +14,10 @@ namespace host {
                                  const ON_Material& now);
 [[nodiscard]] bool PatchLight(DocumentPatch& patch, const ONX_ModelLight& before,
                               const ONX_ModelLight& now);
+// The bytes of the record of a light, written under the archive's versions, with what is now in it;
+// empty when it can't be walked through.
+[[nodiscard]] std::string PatchedLight(std::string record, const ON_BinaryArchive& archive,
+                                       const ONX_ModelLight& now);
 // The attributes of an object; its geometry stays.
 [[nodiscard]] bool PatchObject(DocumentPatch& patch, const ON_3dmObjectAttributes& before,
                                const ON_3dmObjectAttributes& now);
@@ -32,6 +36,8 @@ struct AttributeTypecodes {
 // User strings among the items of user data that are left of the open chunk.
 [[nodiscard]] bool PatchUserStrings(DocumentPatch& patch, const ON_UserStringList& before,
                                     const ON_UserStringList& now);
+// The same whatever they were: `now` is then the only list there.
+[[nodiscard]] bool ReplaceUserStrings(DocumentPatch& patch, const ON_UserStringList& now);
 // True when the next chunk holds items of user data, and those are user strings and nothing else.
 [[nodiscard]] bool HoldsOnlyUserStrings(DocumentPatch& patch);
 // Opens the class wrapper that is the next chunk, and its data. Then the caller patches the data

@@ -90,6 +90,7 @@ std::string DescribePage(const CRhinoDialogPage& page) {
     line += ChoicesText(control);
     if (!control.IsShown) line += "  [hidden]";
     if (!control.IsEnabled) line += "  [disabled]";
+    std::replace_if(line.begin(), line.end(), host::IsControl, ' ');
     text += line.substr(0, line.find_last_not_of(' ') + 1) + '\n';
   }
   return text;

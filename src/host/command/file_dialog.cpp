@@ -66,8 +66,7 @@ std::string Objection(const std::string& path) {
   if (!parts.Folder.empty() && !host::FolderExists(folder)) {
     return "There is no folder '" + folder + "'.";
   }
-  if (parts.Base.empty()) return "'" + path + "' has no name before its extension.";
-  return {};
+  return NameObjection(path);
 }
 
 enum class Overwrite { yes, no, cancelled };
@@ -90,6 +89,11 @@ Overwrite AskToOverwrite(CRhinoCommandContext& context, const std::string& path)
 }
 
 }  // namespace
+
+std::string NameObjection(std::string_view path) {
+  if (!host::SplitPath(path).Base.empty()) return {};
+  return "'" + std::string(path) + "' has no name before its extension.";
+}
 
 std::optional<CRhinoFileChoice> GetOpenFileName(CRhinoCommandContext& context,
                                                 const CRhinoFileDialog& dialog) {

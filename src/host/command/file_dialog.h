@@ -34,6 +34,10 @@ struct CRhinoFileChoice {
   int FilterIndex = 1;
 };
 
+// Why a path with its extension names no file that can be written: it has nothing before that.
+// Empty when it has.
+std::string NameObjection(std::string_view path);
+
 // Asks for an existing file. Nothing when the dialog was cancelled.
 std::optional<CRhinoFileChoice> GetOpenFileName(CRhinoCommandContext& context,
                                                 const CRhinoFileDialog& dialog);

@@ -70,20 +70,21 @@ std::vector<std::string> ValueWords(const CRhinoControl& control) {
   return control.Choices;
 }
 
-// Asks for the control's value until the page takes it; then the page is accepted.
+// Asks for the control's value until the page takes it; then the page is accepted. Enter presses a
+// button, and changes nothing else.
 CommandResult ChangeControl(CRhinoCommandContext& context, CRhinoDialogPage& page,
                             const CRhinoControl& control) {
   CRhinoGetString get(context);
   get.SetCommandPrompt(control.Label.empty() ? control.Id : control.Label);
   get.SetWords(ValueWords(control));
   if (control.Kind == CRhinoControlKind::path) get.TakePath();
-  const bool is_button = control.Kind == CRhinoControlKind::button;
-  if (is_button) get.AcceptNothing();
-  if (!is_button) get.SetDefaultString(control.Value);
+  get.SetCommandPromptDefault(control.Value);
+  get.AcceptNothing();
   for (;;) {
     const CRhinoGet::Result result = get.GetString();
-    const bool pressed = is_button && result == CRhinoGet::Result::nothing;
-    if (result != CRhinoGet::Result::string && !pressed) return get.CommandResult();
+    const bool is_enter = result == CRhinoGet::Result::nothing;
+    if (is_enter && control.Kind != CRhinoControlKind::button) return CommandResult::success;
+    if (!is_enter && result != CRhinoGet::Result::string) return get.CommandResult();
     const std::string problem = page.Change(context, control.Id, get.String());
     if (problem.empty()) break;
     if (!context.m_input.Refuse(problem)) return CommandResult::failure;

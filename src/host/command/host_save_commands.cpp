@@ -64,7 +64,11 @@ CommandResult RunSaveAs(CRhinoCommandContext& context) {
   get.SetCommandPrompt("File to save as");
   get.TakePath();
   if (get.GetString() != CRhinoGet::Result::string) return get.CommandResult();
-  return SaveTo(WithExtension(get.String()));
+  const std::string path = WithExtension(get.String());
+  const std::string objection = NameObjection(path);
+  if (objection.empty()) return SaveTo(path);
+  RhinoApp().Print(objection + "\n");
+  return CommandResult::failure;
 }
 
 }  // namespace

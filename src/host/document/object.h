@@ -83,6 +83,8 @@ class CRhinoObject {
   ON_UUID class_id_;
   ON_ObjectType stored_type_;
   ON_FileSpan span_;
+  // The record of a light that was deleted when the document was saved, as it was.
+  std::string removed_record_;
   // Its attributes may be others than in that file.
   bool edited_ = false;
   // Set by the document for the objects that its block definitions list.

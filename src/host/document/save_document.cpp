@@ -37,7 +37,8 @@ DocumentSaver::DocumentSaver(CRhinoDoc& doc, std::vector<PlugInContent> plug_ins
       plug_ins_(std::move(plug_ins)),
       source_(SourceOf(doc)),
       patch_(*source_, VersionOf(doc), LibraryOf(doc)),
-      archive_(patch_.Archive()) {
+      archive_(patch_.Archive()),
+      outline_(host::OutlineOf(*source_, VersionOf(doc))) {
   if (doc.m_user_strings.m_e == doc.source_user_strings_.m_e) return;
   PlugInContent& strings = plug_ins_.emplace_back();
   strings.plugin_id = host::kDocumentUserStringsId;
@@ -56,8 +57,9 @@ SaveResult DocumentSaver::Save(std::string_view path) {
     result.error = "a document of its version can't be larger than 4 gigabytes";
     return result;
   }
-  if (!Write(path, &result.error)) return result;
-  Adopt(path);
+  std::shared_ptr<const DocumentSource> written = Write(path, &result.error);
+  if (written == nullptr) return result;
+  Adopt(path, std::move(written));
   result.ok = true;
   result.losses = patch_.Losses();
   return result;
@@ -81,7 +83,8 @@ std::string DocumentSaver::Objection() const {
   return {};
 }
 
-bool DocumentSaver::Write(std::string_view path, std::string* error) {
+std::shared_ptr<const DocumentSource> DocumentSaver::Write(std::string_view path,
+                                                           std::string* error) {
   const host::FileReader* file = source_->File();
   host::FileReplacement out(path);
   for (const host::DocumentPatch::Piece& piece : patch_.Finish()) {
@@ -96,21 +99,28 @@ bool DocumentSaver::Write(std::string_view path, std::string* error) {
   }
   if (file != nullptr && !file->IsUnchanged()) {
     *error = "the file that it was opened from is being changed by another program";
-    return false;
+    return nullptr;
   }
-  if (out.Commit()) return true;
+  if (out.Commit()) return DocumentSource::FromFile(out);
   *error = host::LastSystemError();
-  return false;
+  return nullptr;
 }
 
-void DocumentSaver::Adopt(std::string_view path) {
+void DocumentSaver::Adopt(std::string_view path, std::shared_ptr<const DocumentSource> written) {
   for (auto* const list : {&doc_.objects_, &doc_.lights_}) {
     for (const auto& object : *list) {
       object->edited_ = false;
-      object->span_ = object->IsDeleted() ? ON_FileSpan() : patch_.Moved(object->span_);
+      if (!object->IsDeleted()) {
+        object->span_ = patch_.Moved(object->span_);
+      } else if (object->span_.length > 0) {
+        object->removed_record_ = source_->Bytes(std::exchange(object->span_, {}));
+      }
     }
   }
-  for (const auto& [object, number] : added_) object->span_ = patch_.PlaceOf(number);
+  for (const auto& [object, number] : added_) {
+    object->span_ = patch_.PlaceOf(number);
+    object->removed_record_.clear();
+  }
   for (PlugInContent& plugIn : plug_ins_) {
     std::erase_if(doc_.plugin_data_,
                   [&](const ONX_PlugInData& data) { return data.m_plugin_id == plugIn.plugin_id; });
@@ -121,7 +131,7 @@ void DocumentSaver::Adopt(std::string_view path) {
   doc_.library_version_ = LibraryOf(doc_);
   doc_.source_counts_ = doc_.TableCounts();
   doc_.source_user_strings_ = doc_.m_user_strings;
-  doc_.source_ = DocumentSource::FromFile(path);
+  doc_.source_ = std::move(written);
   doc_.path_ = path;
 }
 

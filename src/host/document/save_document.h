@@ -6,7 +6,9 @@
 #include <utility>
 #include <vector>
 
+#include "host/archive/document_outline.h"
 #include "host/archive/document_patch.h"
+#include "host/archive/file_layout.h"
 #include "host/document/doc.h"
 
 // What a plug-in wants the document to hold of its own: nothing for no data.
@@ -56,10 +58,10 @@ class DocumentSaver {
   void NoteUserTable();
   void NoteEndMark();
   template <class T, class Read, class Patch>
-  void NoteRecord(const T& now, std::string_view what, Read read, Patch patch);
-  // Passes over the next record. Gives its span.
-  ON_FileSpan PassRecord();
-  bool IsAtRecord(std::uint32_t typecode);
+  void NoteRecord(ON_FileSpan span, const T& now, std::string_view what, Read read, Patch patch);
+  // Passes over the next record of the open table. Nothing at its end, and in front of a record
+  // that leads out of the table: nothing is read from there on.
+  std::optional<host::Record> PassRecord();
 
   // New records of a table, noted at the place where the document now is read.
   void AddRecords(std::uint32_t table);
@@ -71,19 +73,26 @@ class DocumentSaver {
     std::string bytes;
   };
   std::vector<NewRecord> NewRecords(std::uint32_t table) const;
+  // Of a light that the file doesn't have. One that it had keeps what was around it there.
+  std::string LightRecord(const CRhinoObject& object, int position) const;
   ONX_PlugInData DataOf(const PlugInContent& plug_in) const;
   // Its table; no bytes when it has nothing.
   std::string UserTable(const PlugInContent& plug_in) const;
 
-  [[nodiscard]] bool Write(std::string_view path, std::string* error);
-  void Adopt(std::string_view path);
+  // The new file; null when it can't be written.
+  std::shared_ptr<const DocumentSource> Write(std::string_view path, std::string* error);
+  void Adopt(std::string_view path, std::shared_ptr<const DocumentSource> written);
 
   CRhinoDoc& doc_;
   std::vector<PlugInContent> plug_ins_;
   std::shared_ptr<const DocumentSource> source_;
   host::DocumentPatch patch_;
   ON_BinaryArchive& archive_;
+  host::DocumentOutline outline_;
   std::vector<std::uint32_t> seen_tables_;
+  // Of the next record; a document may have several tables of a kind.
+  int material_position_ = 0;
+  int layer_position_ = 0;
   std::vector<ON_UUID> seen_user_tables_;
   // New objects and the numbers of their records in the patch.
   std::vector<std::pair<CRhinoObject*, std::size_t>> added_;

@@ -1,9 +1,6 @@
 #include <algorithm>
 
-#include "host/archive/file_layout.h"
 #include "host/archive/read_user_table.h"
-#include "host/archive/record_patches.h"
-#include "host/archive/record_readers.h"
 #include "host/archive/record_writers.h"
 #include "host/document/save_document.h"
 
@@ -18,24 +15,6 @@ constexpr std::uint32_t kGrowingTables[] = {TCODE_MATERIAL_TABLE, TCODE_LIGHT_TA
 template <class T>
 bool Contains(const std::vector<T>& list, const T& value) {
   return std::find(list.begin(), list.end(), value) != list.end();
-}
-
-ONX_ModelLight LightOf(const CRhinoObject& object) {
-  ONX_ModelLight light;
-  const ON_Light* geometry = ON_Light::Cast(object.Geometry());
-  light.m_light =
-      geometry == nullptr ? std::make_shared<ON_Light>() : std::make_shared<ON_Light>(*geometry);
-  light.m_attributes = object.Attributes();
-  return light;
-}
-
-bool LooksChanged(const ON_Object& before, const ON_Object& now) {
-  return before.m_user_strings.m_e != now.m_user_strings.m_e;
-}
-
-bool LooksChanged(const ONX_ModelLight& before, const ONX_ModelLight& now) {
-  return LooksChanged(*before.m_light, *now.m_light) ||
-         LooksChanged(before.m_attributes, now.m_attributes);
 }
 
 // A chunk's head for content of this length.
@@ -65,12 +44,13 @@ void DocumentSaver::NoteChanges() {
       NoteUserTable();
       continue;
     }
-    if (patch_.BeginChunk() == 0) break;
+    if (!patch_.BeginChunk()) break;
     NoteTable(typecode);
     patch_.EndChunk();
     if (archive_.CurrentPosition() == start) break;
   }
   if (ended) return;
+  patch_.Seek(outline_.end);
   AddMissingTables(TCODE_ENDOFFILE);
   AddMissingUserTables();
 }
@@ -90,104 +70,6 @@ void DocumentSaver::NoteTable(std::uint32_t typecode) {
       return NoteEndMark();
     default:
       return;
-  }
-}
-
-bool DocumentSaver::IsAtRecord(std::uint32_t typecode) {
-  return archive_.PeekAt3dmChunkType() == typecode;
-}
-
-ON_FileSpan DocumentSaver::PassRecord() {
-  const std::uint64_t start = archive_.CurrentPosition();
-  if (!patch_.SkipChunk()) return {start, 0};
-  return {start, archive_.CurrentPosition() - start};
-}
-
-// Reads the record as it is and notes in what `now` differs.
-template <class T, class Read, class Patch>
-void DocumentSaver::NoteRecord(const T& now, std::string_view what, Read read, Patch patch) {
-  const std::uint64_t start = archive_.CurrentPosition();
-  std::uint32_t typecode = 0;
-  std::int64_t value = 0;
-  T before;
-  bool ok = archive_.BeginRead3dmChunk(&typecode, &value);
-  if (!ok) return;
-  const int depth = archive_.ChunkDepth();
-  ok = read(archive_, before);
-  archive_.EndRead3dmChunksTo(depth - 1);
-  patch_.Seek(start);
-  const host::DocumentPatch::Mark mark = patch_.Here();
-  if (!ok || !patch(patch_, before, now)) {
-    patch_.GoBack(mark);
-    patch_.Seek(start);
-    static_cast<void>(patch_.SkipChunk());
-    if (LooksChanged(before, now)) {
-      patch_.Tell("The change of " + std::string(what) +
-                  " isn't saved: what the file holds of it is broken.");
-    }
-  }
-  static_cast<void>(archive_.TakeProblems());
-}
-
-void DocumentSaver::NoteMaterials() {
-  int position = 0;
-  while (archive_.BytesLeft() > 0 && !IsAtRecord(TCODE_ENDOFTABLE)) {
-    const bool isMaterial = IsAtRecord(TCODE_MATERIAL_RECORD);
-    const int index = isMaterial ? position++ : doc_.source_counts_.materials;
-    const ON_Material* now = doc_.m_material_table.At(index);
-    if (index >= doc_.source_counts_.materials) {
-      if (PassRecord().length == 0) break;
-    } else if (now == nullptr) {
-      // It came with a change that was undone after the last saving.
-      const ON_FileSpan record = PassRecord();
-      patch_.ReplaceChunks(record.offset, record.length, {});
-    } else {
-      NoteRecord(*now, "material " + now->m_name, host::ReadMaterial, host::PatchMaterial);
-    }
-  }
-  AddRecords(TCODE_MATERIAL_TABLE);
-}
-
-void DocumentSaver::NoteLayers() {
-  int position = 0;
-  while (archive_.BytesLeft() > 0 && !IsAtRecord(TCODE_ENDOFTABLE)) {
-    const ON_Layer* now =
-        IsAtRecord(TCODE_LAYER_RECORD) ? doc_.m_layer_table.At(position++) : nullptr;
-    if (now != nullptr) {
-      NoteRecord(*now, "layer " + now->m_name, host::ReadLayer, host::PatchLayer);
-    } else if (PassRecord().length == 0) {
-      break;
-    }
-  }
-}
-
-void DocumentSaver::NoteLights() {
-  auto light = doc_.lights_.begin();
-  while (archive_.BytesLeft() > 0 && !IsAtRecord(TCODE_ENDOFTABLE)) {
-    const std::uint64_t start = archive_.CurrentPosition();
-    // The lights stand in the order of the file.
-    while (light != doc_.lights_.end() && (*light)->span_.offset < start) ++light;
-    const bool isKnown = light != doc_.lights_.end() && (*light)->span_.length > 0 &&
-                         (*light)->span_.offset == start;
-    if (isKnown && !(*light)->IsDeleted()) {
-      NoteRecord(LightOf(**light), "light " + (*light)->Attributes().m_name, host::ReadLightRecord,
-                 host::PatchLight);
-      continue;
-    }
-    const ON_FileSpan record = PassRecord();
-    if (record.length == 0) break;
-    if (isKnown) patch_.ReplaceChunks(record.offset, record.length, {});
-  }
-  AddRecords(TCODE_LIGHT_TABLE);
-}
-
-// Goes from one changed record to the next; between them may be much.
-void DocumentSaver::NoteObjects() {
-  for (const auto& object : doc_.objects_) {
-    if (!object->edited_) continue;
-    patch_.Seek(object->span_.offset);
-    NoteRecord(object->Attributes(), "object " + object->Attributes().m_name,
-               host::ReadObjectAttributes, host::PatchObject);
   }
 }
 
@@ -239,41 +121,13 @@ void DocumentSaver::NoteEndMark() {
   }));
 }
 
-std::vector<DocumentSaver::NewRecord> DocumentSaver::NewRecords(std::uint32_t table) const {
-  std::vector<NewRecord> records;
-  if (table == TCODE_MATERIAL_TABLE) {
-    for (int i = doc_.source_counts_.materials; i < doc_.m_material_table.Count(); ++i) {
-      records.push_back({nullptr, patch_.Written([&](ON_BinaryArchive& archive) {
-                           host::WriteMaterial(archive, *doc_.m_material_table.At(i), i);
-                         })});
-    }
-  } else if (table == TCODE_LIGHT_TABLE) {
-    int index = 0;
-    for (const auto& light : doc_.lights_) {
-      if (light->IsDeleted()) continue;
-      const int position = index++;
-      if (light->span_.length > 0) continue;
-      records.push_back({light.get(), patch_.Written([&](ON_BinaryArchive& archive) {
-                           host::WriteLight(archive, LightOf(*light), position);
-                         })});
-    }
-  }
-  return records;
-}
-
-void DocumentSaver::AddRecords(std::uint32_t table) {
-  const std::uint64_t here = archive_.CurrentPosition();
-  for (NewRecord& record : NewRecords(table)) {
-    const std::size_t number = patch_.ReplaceChunks(here, 0, std::move(record.bytes));
-    if (record.object != nullptr) added_.emplace_back(record.object, number);
-  }
-}
-
 // A table that the document lacks comes before the first one that stands behind it in others.
 void DocumentSaver::AddMissingTables(std::uint32_t next_table) {
   for (const std::uint32_t table : kGrowingTables) {
-    if (Contains(seen_tables_, table) || host::TableOrder(next_table) <= host::TableOrder(table))
+    if (Contains(outline_.tables, table) || Contains(seen_tables_, table) ||
+        host::TableOrder(next_table) <= host::TableOrder(table)) {
       continue;
+    }
     seen_tables_.push_back(table);
     std::size_t length = 0;
     for (const NewRecord& record : NewRecords(table)) length += record.bytes.size();

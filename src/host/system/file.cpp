@@ -81,6 +81,11 @@ bool FileWriter::Close() {
 
 FileReader::FileReader(std::string_view path)
     : fd_(OpenFile(SystemPath(path), O_RDONLY | O_NONBLOCK)) {
+  Examine();
+}
+
+// Expects the reason in errno where there is no file.
+void FileReader::Examine() {
   struct stat status = {};
   if (fd_ < 0 || fstat(fd_, &status) != 0) {
     error_ = LastSystemError();

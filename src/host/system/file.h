@@ -49,10 +49,14 @@ class FileWriter {
   int error_ = 0;
 };
 
+class FileReplacement;
+
 // A file open for reading at any offset.
 class FileReader {
  public:
   explicit FileReader(std::string_view path);
+  // The file that was committed last, whatever its name stands for by now.
+  explicit FileReader(FileReplacement& committed);
   ~FileReader();
   FileReader(const FileReader&) = delete;
   FileReader& operator=(const FileReader&) = delete;
@@ -71,6 +75,8 @@ class FileReader {
 
  private:
   friend class FileReplacement;
+
+  void Examine();
 
   int fd_ = -1;
   std::uint64_t size_ = 0;

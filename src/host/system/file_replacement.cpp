@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "host/system/file_calls.h"
 #include "host/system/interrupt.h"
@@ -17,6 +18,8 @@ namespace host {
 namespace {
 
 constexpr mode_t kPermissionBits = 07777;
+// Nobody else reads the new file before it has the permissions that it is to have.
+constexpr mode_t kPrivate = 0600;
 
 // Copies a stretch through memory; the error number, 0 for none.
 int CopyThroughMemory(int to, int from, std::uint64_t offset, std::uint64_t length) {
@@ -66,7 +69,7 @@ int CreateUnusedFile(const std::string& folder, std::string& name) {
   constexpr int kAttempts = 1000;
   for (int i = 0; i < kAttempts; ++i) {
     name = folder + Format(".orv-%d-%d.tmp", static_cast<int>(getpid()), i);
-    const int fd = OpenFile(name, O_WRONLY | O_CREAT | O_EXCL);
+    const int fd = OpenFile(name, O_RDWR | O_CREAT | O_EXCL, kPrivate);
     if (fd >= 0 || errno != EEXIST) return fd;
   }
   return -1;
@@ -81,11 +84,25 @@ void FlushFolder(const std::string& folder) {
   CloseFile(fd);
 }
 
-// Where a symbolic link leads, so that the file there is replaced and the link stays.
-std::string WithoutLinks(const std::string& path) {
-  std::error_code failure;
-  const std::filesystem::path target = std::filesystem::canonical(path, failure);
-  return failure ? path : target.string();
+// Where a symbolic link leads, so that the file there is replaced or made and the link stays.
+std::string WithoutLinks(std::string path) {
+  // As many as the system follows.
+  constexpr int kMaxLinks = 40;
+  for (int i = 0; i < kMaxLinks; ++i) {
+    std::error_code failure;
+    const std::filesystem::path target = std::filesystem::read_symlink(path, failure);
+    if (failure) break;
+    path = target.is_absolute() ? target.string() : FolderOf(path) + target.string();
+  }
+  return path;
+}
+
+// The permissions of a new file. The system tells them only by setting others; for that moment,
+// what others create is private.
+mode_t PermissionsOfNewFile() {
+  const mode_t mask = umask(077);
+  umask(mask);
+  return 0666 & ~mask;
 }
 
 }  // namespace
@@ -100,7 +117,9 @@ FileReplacement::FileReplacement(std::string_view path) : target_(WithoutLinks(S
     } else if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) {
       error_ = errno;
     }
-    permissions_ = old.st_mode & kPermissionBits;
+    old_ = {old.st_mode & kPermissionBits, old.st_uid, old.st_gid};
+  } else if (errno != ENOENT) {
+    error_ = errno;
   }
   if (error_ == 0) {
     fd_ = CreateUnusedFile(FolderOf(target_), new_name_);
@@ -110,9 +129,14 @@ FileReplacement::FileReplacement(std::string_view path) : target_(WithoutLinks(S
 }
 
 FileReplacement::~FileReplacement() {
+  Close();
+}
+
+void FileReplacement::Close() {
   if (fd_ < 0) return;
   CloseFile(fd_);
-  unlink(new_name_.c_str());
+  fd_ = -1;
+  if (!is_committed_) unlink(new_name_.c_str());
 }
 
 void FileReplacement::Write(std::string_view bytes) {
@@ -123,19 +147,37 @@ void FileReplacement::Copy(const FileReader& file, std::uint64_t offset, std::ui
   if (error_ == 0) error_ = CopyStretch(fd_, file.fd_, offset, length);
 }
 
-bool FileReplacement::Commit(Flush flush) {
-  if (error_ == 0 && permissions_ && fchmod(fd_, *permissions_) != 0) error_ = errno;
-  if (error_ == 0 && flush == Flush::yes && fsync(fd_) != 0) error_ = errno;
-  if (fd_ >= 0) {
-    const int closeError = CloseFile(fd_);
-    fd_ = -1;
-    if (error_ == 0) error_ = closeError;
-    if (error_ == 0 && rename(new_name_.c_str(), target_.c_str()) != 0) error_ = errno;
-    if (error_ != 0) unlink(new_name_.c_str());
+// The owner goes first: another one takes permissions away.
+int FileReplacement::GivePermissions() {
+  if (!old_) {
+    // Not every file system has permissions; where it hasn't, the file is as any new one there.
+    static_cast<void>(fchmod(fd_, PermissionsOfNewFile()));
+    return 0;
   }
-  if (error_ != 0) return Fail(error_);
+  // Only the system's administrator may give a file away, others at most to a group of theirs.
+  const bool isKept = fchown(fd_, old_->owner, old_->group) == 0 ||
+                      fchown(fd_, static_cast<uid_t>(-1), old_->group) == 0;
+  static_cast<void>(isKept);
+  return fchmod(fd_, old_->permissions) == 0 ? 0 : errno;
+}
+
+bool FileReplacement::Commit(Flush flush) {
+  if (error_ == 0) error_ = GivePermissions();
+  if (error_ == 0 && flush == Flush::yes && fsync(fd_) != 0) error_ = errno;
+  if (error_ == 0 && rename(new_name_.c_str(), target_.c_str()) != 0) error_ = errno;
+  if (error_ != 0) {
+    Close();
+    return Fail(error_);
+  }
+  is_committed_ = true;
   if (flush == Flush::yes) FlushFolder(FolderOf(target_));
   return true;
+}
+
+FileReader::FileReader(FileReplacement& committed)
+    : fd_(committed.is_committed_ ? std::exchange(committed.fd_, -1) : -1) {
+  errno = EBADF;
+  Examine();
 }
 
 bool ReplaceFile(std::string_view path, std::string_view bytes, Flush flush) {

@@ -15,7 +15,9 @@ enum class Flush { no, yes };
 
 // Writes a file so that a crash at any moment leaves either the old or the new one whole: into a
 // new file beside it, which Commit flushes to the disk and renames over it. The permissions of the
-// old file stay, and a symbolic link is followed. Replaces only regular files that may be written.
+// old file stay, and so do its owner and group where the user may give them; until Commit nobody
+// else can read the new one. A symbolic link is followed, also to a file that isn't there yet.
+// Replaces only regular files that may be written.
 class FileReplacement {
  public:
   // Check IsOpen.
@@ -34,11 +36,27 @@ class FileReplacement {
   [[nodiscard]] bool Commit(Flush flush = Flush::yes);
 
  private:
+  // Takes over the file that was committed.
+  friend class FileReader;
+
+  // Removes the new file unless it was committed.
+  void Close();
+  // The error number, 0 for none.
+  int GivePermissions();
+
+  // What is kept of the file that is replaced.
+  struct OldFile {
+    unsigned permissions;
+    unsigned owner;
+    unsigned group;
+  };
+
   std::string target_;
   std::string new_name_;
-  std::optional<unsigned> permissions_;
+  std::optional<OldFile> old_;
   int fd_ = -1;
   int error_ = 0;
+  bool is_committed_ = false;
 };
 
 // FileReplacement of the whole content. False on failure (LastSystemError tells why).

@@ -96,6 +96,17 @@ TEST_F(HostSaveCommandsTest, TheAddedExtensionLeadsToTheSameQuestion) {
   EXPECT_EQ(FileContent(Path("neu.3dm")), FileContent(Path()));
 }
 
+TEST_F(HostSaveCommandsTest, AFileWithoutANameIsNotWritten) {
+  std::filesystem::create_directory(Path("ordner"));
+  const std::string path = Path("ordner/");
+  EXPECT_EQ(Run("SaveAs \"" + path + "\""), CommandResult::failure);
+  EXPECT_EQ(told_, "'" + path + ".3dm' has no name before its extension.\n");
+  EXPECT_TRUE(std::filesystem::is_empty(Path("ordner")));
+  EXPECT_EQ(Run("SaveAs \"\""), CommandResult::failure);
+  EXPECT_EQ(told_, "'.3dm' has no name before its extension.\n");
+  EXPECT_FALSE(std::filesystem::exists(".3dm"));
+}
+
 TEST_F(HostSaveCommandsTest, AScriptIsNotAsked) {
   WriteFileContent(Path("alt.3dm"), "old");
   EXPECT_EQ(Run("SaveAs \"" + Path("alt") + "\""), CommandResult::success);

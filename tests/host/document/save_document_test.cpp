@@ -4,13 +4,16 @@
 #include <sys/resource.h>
 
 #include <csignal>
+#include <cstring>
 #include <filesystem>
 
 #include "host/archive/file_layout.h"
 #include "host/archive/new_document.h"
+#include "host/archive/record_writers.h"
 #include "host/document/app.h"
 #include "model_parts.h"
 #include "support/model_writer.h"
+#include "support/record_writers.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -251,6 +254,28 @@ TEST_F(SaveDocumentTest, UndoGoesOnBehindSaving) {
   EXPECT_TRUE(IsOriginal());
 }
 
+// It then stands behind them in the file.
+TEST_F(SaveDocumentTest, LightsBehindOneThatWasBroughtBackAreStillSaved) {
+  ONX_Model model = Model(50);
+  model.m_light_table = {PointLight(TestId(30)), PointLight(TestId(31)), PointLight(TestId(32))};
+  CRhinoDoc& doc = Open(WriteModel(model));
+  EXPECT_TRUE(doc.m_light_table.DeleteLight(0));
+  ASSERT_TRUE(Save());
+  EXPECT_TRUE(doc.Undo());
+  ASSERT_TRUE(Save());
+  ON_Light moved = *ON_Light::Cast(doc.Lights()[1]->Geometry());
+  moved.m_location = {5, 6, 7};
+  EXPECT_TRUE(doc.m_light_table.ModifyLight(moved, 1));
+  EXPECT_TRUE(doc.m_light_table.DeleteLight(2));
+  ASSERT_TRUE(Save()) << told_;
+
+  const auto lights = Reopened().Lights();
+  ASSERT_EQ(lights.size(), 2u);
+  EXPECT_EQ(lights[0]->Attributes().m_uuid, TestId(31));
+  EXPECT_EQ(ON_Light::Cast(lights[0]->Geometry())->m_location.z, 7);
+  EXPECT_EQ(lights[1]->Attributes().m_uuid, TestId(30));
+}
+
 TEST_F(SaveDocumentTest, DataOfAPlugInIsWrittenWhenItChanges) {
   NotePlugIn plugIn;
   Open(WriteModel(Model(50)));
@@ -429,6 +454,26 @@ TEST_F(SaveDocumentTest, BrokenRecordsStayAsTheyAre) {
   EXPECT_EQ(Reopened().Problems(), doc.Problems());
 }
 
+// Of a broken record, all that was read of it may have been changed.
+TEST_F(SaveDocumentTest, EachChangeOfABrokenRecordIsTold) {
+  std::string bytes = WriteModel(Model(50));
+  const std::size_t name = bytes.find(std::string("H\0o\0u\0s\0e", 9));
+  ASSERT_NE(name, std::string::npos);
+  bytes[name - 4] = '\x7f';
+  bytes[name - 3] = '\x7f';
+  CRhinoDoc& doc = Open(bytes);
+  ASSERT_THAT(doc.Problems(), SizeIs(1));
+  ASSERT_TRUE(Save());
+  EXPECT_EQ(told_, "");
+
+  ON_Layer layer = *doc.m_layer_table.At(0);
+  layer.m_color = ON_Color(1, 2, 3);
+  EXPECT_TRUE(doc.m_layer_table.ModifyLayer(layer, 0));
+  ASSERT_TRUE(Save());
+  EXPECT_EQ(told_, "The change of layer  isn't saved: what the file holds of it is broken.\n");
+  EXPECT_TRUE(IsOriginal());
+}
+
 TEST_F(SaveDocumentTest, AFileThatIsCutShortIsSavedAsItIsAndWithAChange) {
   const std::string whole = WriteModel(Model(50));
   for (std::size_t size = whole.size() - 1; size > whole.size() / 2; size -= 37) {
@@ -441,6 +486,236 @@ TEST_F(SaveDocumentTest, AFileThatIsCutShortIsSavedAsItIsAndWithAChange) {
     ASSERT_TRUE(Save());
     ASSERT_EQ(Reopened().Objects().size(), doc.Objects().size());
     EXPECT_EQ(Reopened().Objects()[0]->Attributes().m_name, "one");
+  }
+}
+
+TEST_F(SaveDocumentTest, WhatIsAddedToAFileThatIsCutShortIsRead) {
+  const std::string whole = WriteModel(Model(50));
+  for (std::size_t size = whole.size() - 1; size > whole.size() / 4; size -= 61) {
+    SCOPED_TRACE(size);
+    WriteFileContent(Path(), whole.substr(0, size));
+    if (!app_.OpenDocument(Path())) continue;
+    CRhinoDoc& doc = app_.ActiveDoc();
+    const int material = doc.m_material_table.AddMaterial(NewMaterial());
+    const int light = doc.m_light_table.AddLight(ON_Light());
+    doc.m_user_strings.SetUserString("Kunde", "Größe");
+    ASSERT_TRUE(Save()) << told_;
+    const CRhinoDoc& again = Reopened();
+    ASSERT_EQ(again.m_material_table.Count(), doc.m_material_table.Count());
+    EXPECT_EQ(again.m_material_table.At(material)->m_name, "Käfer");
+    EXPECT_EQ(again.m_light_table.Count(), light + 1);
+    EXPECT_EQ(again.m_user_strings.GetUserString("Kunde"), "Größe");
+    EXPECT_EQ(again.Objects().size(), doc.Objects().size());
+  }
+}
+
+// Where the n-th record of a kind begins.
+std::size_t RecordAt(const std::string& bytes, std::uint32_t typecode, int n) {
+  const std::string head(reinterpret_cast<const char*>(&typecode), sizeof typecode);
+  std::size_t at = bytes.find(head);
+  while (n-- > 0) at = bytes.find(head, at + 1);
+  return at;
+}
+
+// Nothing is read behind a record that leads out of its table.
+TEST_F(SaveDocumentTest, NewRecordsComeInFrontOfOneThatLeadsOutOfItsTable) {
+  ONX_Model model = Model(50);
+  model.m_material_table.emplace_back().m_name = "wood";
+  model.m_light_table.push_back(PointLight(TestId(31)));
+  std::string bytes = WriteModel(model);
+  const std::int64_t length = 1 << 20;
+  for (const std::uint32_t typecode : {TCODE_MATERIAL_RECORD, TCODE_LIGHT_RECORD}) {
+    const std::size_t at = RecordAt(bytes, typecode, 1);
+    ASSERT_NE(at, std::string::npos);
+    bytes.replace(at + 4, 8, reinterpret_cast<const char*>(&length), 8);
+  }
+  CRhinoDoc& doc = Open(bytes);
+  EXPECT_EQ(doc.m_material_table.AddMaterial(NewMaterial()), 1);
+  EXPECT_EQ(doc.m_light_table.AddLight(ON_Light()), 1);
+  ASSERT_TRUE(Save());
+  EXPECT_EQ(told_, "");
+  ASSERT_EQ(Reopened().m_material_table.Count(), 2);
+  EXPECT_EQ(Reopened().m_material_table.At(1)->m_name, "Käfer");
+  EXPECT_EQ(Reopened().m_light_table.Count(), 2);
+  EXPECT_EQ(Reopened().Objects().size(), 3u);
+  // Where they go when they are taken back.
+  EXPECT_TRUE(doc.Undo());
+  EXPECT_TRUE(doc.Undo());
+  ASSERT_TRUE(Save());
+  EXPECT_TRUE(IsOriginal());
+}
+
+// A chunk of zeros, as a crash of the machine leaves them in a file, is one without content.
+TEST_F(SaveDocumentTest, NewRecordsComeBehindZerosInATable) {
+  std::string bytes = WriteModel(Model(50));
+  const std::size_t record = RecordAt(bytes, TCODE_MATERIAL_RECORD, 0);
+  std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(record),
+            bytes.begin() + static_cast<std::ptrdiff_t>(record) + 12, '\0');
+  WriteFileContent(Path(), bytes);
+  ASSERT_TRUE(app_.OpenDocument(Path()));
+  const std::size_t objects = app_.ActiveDoc().Objects().size();
+  const int index = app_.ActiveDoc().m_material_table.AddMaterial(NewMaterial());
+  ASSERT_TRUE(Save());
+  ASSERT_EQ(Reopened().m_material_table.Count(), index + 1);
+  EXPECT_EQ(Reopened().m_material_table.At(index)->m_name, "Käfer");
+  EXPECT_EQ(Reopened().Objects().size(), objects);
+}
+
+// The record of an object or light of version 50 with another chunk in it, at its end.
+std::string WithChunk(std::string record, const std::string& chunk) {
+  // The end mark, and the sum, which leaves out chunks.
+  constexpr std::size_t kEnd = 12 + 4;
+  std::int64_t length = 0;
+  std::memcpy(&length, record.data() + 4, sizeof length);
+  length += static_cast<std::int64_t>(chunk.size());
+  record.replace(4, sizeof length, reinterpret_cast<const char*>(&length), sizeof length);
+  return record.insert(record.size() - kEnd, chunk);
+}
+
+// The document with a record in the place of the first one of its kind.
+std::string WithRecord(std::uint32_t table, const std::string& record) {
+  ON_BinaryArchive archive(50);
+  EXPECT_TRUE(host::WriteFileStart(archive, ""));
+  host::WriteTable(archive, TCODE_PROPERTIES_TABLE, [](ON_BinaryArchive& properties) {
+    properties.WriteShortChunk(TCODE_PROPERTIES_OPENNURBS_VERSION, 201008125);
+  });
+  host::WriteTable(archive, table, [&](ON_BinaryArchive& records) {
+    records.WriteByte(std::as_bytes(std::span(record)));
+  });
+  EXPECT_TRUE(host::WriteEndMark(archive));
+  return archive.TakeBytes();
+}
+
+TEST_F(SaveDocumentTest, ALightThatIsBroughtBackHasWhatOtherProgramsPutIntoIt) {
+  ON_BinaryArchive record(50, 201008125);
+  ON_BinaryArchive foreign(50, 201008125);
+  host::WriteLight(record, PointLight(TestId(30)), 0);
+  {
+    const host::ChunkWriter chunk(foreign, TCODE_ANONYMOUS_CHUNK);
+    foreign.WriteByte(std::as_bytes(std::span("of another program")));
+  }
+  CRhinoDoc& doc =
+      Open(WithRecord(TCODE_LIGHT_TABLE, WithChunk(record.TakeBytes(), foreign.TakeBytes())));
+  ASSERT_EQ(doc.m_light_table.Count(), 1);
+  ASSERT_THAT(doc.Problems(), IsEmpty());
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_TRUE(doc.m_light_table.DeleteLight(0));
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(FileContent(Path()).find("of another program"), std::string::npos);
+    EXPECT_TRUE(doc.Undo());
+    ASSERT_TRUE(Save());
+    EXPECT_TRUE(IsOriginal());
+  }
+  EXPECT_TRUE(doc.m_light_table.DeleteLight(0));
+  ASSERT_TRUE(Save());
+  EXPECT_TRUE(doc.Undo());
+  ON_Light light = *ON_Light::Cast(doc.Lights()[0]->Geometry());
+  light.m_intensity = 4;
+  EXPECT_TRUE(doc.m_light_table.ModifyLight(light, 0));
+  ASSERT_TRUE(Save());
+  EXPECT_NE(FileContent(Path()).find("of another program"), std::string::npos);
+  ASSERT_EQ(Reopened().Lights().size(), 1u);
+  EXPECT_THAT(Reopened().Problems(), IsEmpty());
+  EXPECT_EQ(ON_Light::Cast(Reopened().Lights()[0]->Geometry())->m_intensity, 4);
+}
+
+// The reader takes the last list of texts.
+TEST_F(SaveDocumentTest, OfSeveralListsOfTextsOneIsLeft) {
+  ON_BinaryArchive record(50, 201008125);
+  ON_BinaryArchive second(50, 201008125);
+  ONX_ModelObject object = TriangleObject(TestId(20));
+  object.m_attributes.SetUserString("Text", "first");
+  model_writer::WriteObject(record, object, {});
+  ON_UserStringList strings;
+  strings.SetUserString("Text", "second");
+  host::WriteAttributeStrings(second, strings, TCODE_OBJECT_RECORD_ATTRIBUTES_USERDATA);
+  CRhinoDoc& doc =
+      Open(WithRecord(TCODE_OBJECT_TABLE, WithChunk(record.TakeBytes(), second.TakeBytes())));
+  ASSERT_EQ(doc.Objects().size(), 1u);
+  ASSERT_THAT(doc.Problems(), IsEmpty());
+  ON_3dmObjectAttributes changed = doc.Objects()[0]->Attributes();
+  EXPECT_EQ(changed.GetUserString("Text"), "second");
+  changed.SetUserString("Text", "third");
+  EXPECT_TRUE(doc.ModifyObjectAttributes(*doc.Objects()[0], changed));
+  ASSERT_TRUE(Save());
+  EXPECT_EQ(Reopened().Objects()[0]->Attributes().GetUserString("Text"), "third");
+  EXPECT_THAT(Reopened().Problems(), IsEmpty());
+
+  EXPECT_TRUE(doc.Undo());
+  changed.m_user_strings = {};
+  EXPECT_TRUE(doc.ModifyObjectAttributes(*doc.Objects()[0], changed));
+  ASSERT_TRUE(Save());
+  EXPECT_TRUE(Reopened().Objects()[0]->Attributes().m_user_strings.IsEmpty());
+}
+
+// Two tables of each kind, each with one record.
+std::string TablesTwice() {
+  ON_BinaryArchive archive(50);
+  EXPECT_TRUE(host::WriteFileStart(archive, ""));
+  host::WriteTable(archive, TCODE_PROPERTIES_TABLE, [](ON_BinaryArchive& table) {
+    table.WriteShortChunk(TCODE_PROPERTIES_OPENNURBS_VERSION, 201008125);
+  });
+  const auto writeTwice = [&](std::uint32_t typecode, const auto& write) {
+    for (unsigned i = 0; i < 2; ++i) {
+      host::WriteTable(archive, typecode, [&](ON_BinaryArchive& table) { write(table, i); });
+    }
+  };
+  writeTwice(TCODE_MATERIAL_TABLE, [](ON_BinaryArchive& table, unsigned i) {
+    ON_Material material;
+    material.m_id = TestId(10 + i);
+    material.m_name = "material " + std::to_string(i);
+    host::WriteMaterial(table, material, static_cast<int>(i));
+  });
+  writeTwice(TCODE_LAYER_TABLE, [](ON_BinaryArchive& table, unsigned i) {
+    host::WriteLayer(table, Layer("layer " + std::to_string(i), TestId(i)), static_cast<int>(i));
+  });
+  writeTwice(TCODE_LIGHT_TABLE, [](ON_BinaryArchive& table, unsigned i) {
+    host::WriteLight(table, PointLight(TestId(30 + i)), static_cast<int>(i));
+  });
+  writeTwice(TCODE_OBJECT_TABLE, [](ON_BinaryArchive& table, unsigned i) {
+    model_writer::WriteObject(table, TriangleObject(TestId(20 + i)), {});
+  });
+  EXPECT_TRUE(host::WriteEndMark(archive));
+  return archive.TakeBytes();
+}
+
+TEST_F(SaveDocumentTest, SeveralTablesOfAKindAreOneToTheReader) {
+  CRhinoDoc& doc = Open(TablesTwice());
+  ASSERT_EQ(doc.m_material_table.Count(), 2);
+  ASSERT_TRUE(Save());
+  EXPECT_TRUE(IsOriginal());
+
+  for (int i = 0; i < 2; ++i) {
+    ON_Material material = *doc.m_material_table.At(i);
+    material.m_name += " changed";
+    EXPECT_TRUE(doc.m_material_table.ModifyMaterial(material, i));
+    ON_Layer layer = *doc.m_layer_table.At(i);
+    layer.m_name += " changed";
+    EXPECT_TRUE(doc.m_layer_table.ModifyLayer(layer, i));
+    ON_Light light = *ON_Light::Cast(doc.Lights()[static_cast<std::size_t>(i)]->Geometry());
+    light.m_intensity = 3 + i;
+    EXPECT_TRUE(doc.m_light_table.ModifyLight(light, i));
+    Name(doc, static_cast<std::size_t>(i), "object " + std::to_string(i));
+  }
+  doc.m_material_table.AddMaterial(NewMaterial());
+  doc.m_light_table.AddLight(ON_Light());
+  ASSERT_TRUE(Save());
+  EXPECT_EQ(told_, "");
+
+  const CRhinoDoc& again = Reopened();
+  EXPECT_THAT(again.Problems(), IsEmpty());
+  ASSERT_EQ(again.m_material_table.Count(), 3);
+  EXPECT_EQ(again.m_material_table.At(2)->m_name, "Käfer");
+  ASSERT_EQ(again.m_layer_table.Count(), 2);
+  ASSERT_EQ(again.m_light_table.Count(), 3);
+  ASSERT_EQ(again.Objects().size(), 2u);
+  for (std::size_t i = 0; i < 2; ++i) {
+    const std::string number = std::to_string(i);
+    const int index = static_cast<int>(i);
+    EXPECT_EQ(again.m_material_table.At(index)->m_name, "material " + number + " changed");
+    EXPECT_EQ(again.m_layer_table.At(index)->m_name, "layer " + number + " changed");
+    EXPECT_EQ(ON_Light::Cast(again.Lights()[i]->Geometry())->m_intensity, 3 + index);
+    EXPECT_EQ(again.Objects()[i]->Attributes().m_name, "object " + number);
   }
 }
 

@@ -338,6 +338,47 @@ TEST(ReplaceFile, KeepsThePermissionsOfTheOldFile) {
             std::filesystem::perms(0640));
 }
 
+TEST(ReplaceFile, KeepsTheOwnerAndTheGroupOfTheOldFile) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the administrator can give a file away";
+  const TempFolder folder;
+  const std::string path = folder.File("a.ors");
+  WriteFileContent(path, "one");
+  ASSERT_EQ(chown(path.c_str(), 1234, 2345), 0);
+  ASSERT_EQ(chmod(path.c_str(), 06750), 0);
+  EXPECT_TRUE(ReplaceFile(path, "two"));
+  struct stat status = {};
+  ASSERT_EQ(stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, 1234u);
+  EXPECT_EQ(status.st_gid, 2345u);
+  EXPECT_EQ(status.st_mode & 07777u, 06750u);
+}
+
+// The owner is then the one who has written it.
+TEST(ReplaceFile, AFileOfAnotherOwnerIsReplacedAllTheSame) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the administrator can give a file away";
+  const TempFolder folder;
+  WriteFileContent(folder.File("a.ors"), "one");
+  std::filesystem::permissions(folder.Path(), std::filesystem::perms::all);
+  std::filesystem::permissions(folder.File("a.ors"), std::filesystem::perms(0666));
+  EXPECT_TRUE(RunUnprivileged([&] { return ReplaceFile(folder.File("a.ors"), "two"); }));
+  EXPECT_EQ(FileContent(folder.File("a.ors")), "two");
+}
+
+TEST(FileReplacement, NobodyElseReadsTheFileBeforeItIsCommitted) {
+  const TempFolder folder;
+  const auto permissions = [&] {
+    const auto entry = *std::filesystem::directory_iterator(folder.Path());
+    return std::filesystem::status(entry.path()).permissions();
+  };
+  const mode_t before = umask(027);
+  FileReplacement file(folder.File("new"));
+  file.Write("text");
+  EXPECT_EQ(permissions(), std::filesystem::perms(0600));
+  EXPECT_TRUE(file.Commit());
+  EXPECT_EQ(permissions(), std::filesystem::perms(0640));
+  EXPECT_EQ(umask(before), mode_t{027});
+}
+
 TEST(ReplaceFile, RefusesAWriteProtectedFile) {
   using std::filesystem::perms;
   const TempFolder folder;
@@ -365,6 +406,26 @@ TEST(ReplaceFile, FollowsASymbolicLink) {
   EXPECT_TRUE(ReplaceFile(folder.File("link.ors"), "two"));
   EXPECT_TRUE(std::filesystem::is_symlink(folder.File("link.ors")));
   EXPECT_EQ(FileContent(folder.File("real.ors")), "two");
+}
+
+TEST(ReplaceFile, ALinkToAFileThatIsNotThereYetStays) {
+  const TempFolder folder;
+  std::filesystem::create_directory(folder.File("ordner"));
+  std::filesystem::create_symlink("ordner/zwei.ors", folder.File("eins.ors"));
+  std::filesystem::create_symlink(folder.File("drei.ors"), folder.File("ordner/zwei.ors"));
+  EXPECT_TRUE(ReplaceFile(folder.File("eins.ors"), "text"));
+  EXPECT_EQ(FileContent(folder.File("drei.ors")), "text");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.File("eins.ors")));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.File("ordner/zwei.ors")));
+
+  std::filesystem::create_symlink("kreis.ors", folder.File("kreis.ors"));
+  EXPECT_FALSE(ReplaceFile(folder.File("kreis.ors"), "text"));
+  EXPECT_EQ(LastSystemError(), "Too many levels of symbolic links");
+  std::filesystem::create_symlink("weg/a.ors", folder.File("ohne.ors"));
+  EXPECT_FALSE(ReplaceFile(folder.File("ohne.ors"), "text"));
+  EXPECT_EQ(LastSystemError(), "No such file or directory");
+  EXPECT_EQ(NamesIn(folder.Path()),
+            (Names{"drei.ors", "eins.ors", "kreis.ors", "ohne.ors", "ordner"}));
 }
 
 TEST(ReplaceFile, AFullDiskLeavesTheOldFileAndNothingElse) {
@@ -443,6 +504,24 @@ TEST(FileReplacement, AFileThatEndsBeforeTheStretchIsAnError) {
   EXPECT_FALSE(file.Commit());
   EXPECT_EQ(LastSystemError(), "Input/output error");
   EXPECT_EQ(NamesIn(folder.Path()), Names{"short"});
+}
+
+TEST(FileReader, ReadsTheCommittedFileWhateverHasItsNameByNow) {
+  const TempFolder folder;
+  FileReplacement file(folder.File("a.3dm"));
+  file.Write("one");
+  EXPECT_TRUE(file.Commit());
+  WriteFileContent(folder.File("b.3dm"), "another");
+  std::filesystem::rename(folder.File("b.3dm"), folder.File("a.3dm"));
+  const FileReader reader(file);
+  ASSERT_TRUE(reader.IsOpen());
+  EXPECT_EQ(reader.Size(), 3u);
+  EXPECT_EQ(BytesAt(reader, 0, 3), "one");
+  EXPECT_TRUE(reader.IsUnchanged());
+  EXPECT_FALSE(reader.IsAt(folder.File("a.3dm")));
+
+  FileReplacement open(folder.File("c.3dm"));
+  EXPECT_FALSE(FileReader(open).IsOpen());
 }
 
 TEST(FileReader, TellsWhenItsFileIsWrittenToOrAnotherTakesItsName) {
