@@ -115,7 +115,8 @@ TEST_F(InteractiveRenderTest, StartsAndEnds) {
 
 TEST_F(InteractiveRenderTest, AnotherStartEndsTheFirstSession) {
   ASSERT_TRUE(Start());
-  ASSERT_TRUE(Start());
+  // Time enough for the first one to note its end, however busy the machine is.
+  ASSERT_TRUE(render_.StartIprSession("scene.rib", {Listener::FreePort(), 10, 2000ms}));
   EXPECT_TRUE(bench_.Wait("end"));
   const auto events = bench_.Events();
   const auto place = [&](const std::string& event, int nth) {
@@ -124,8 +125,8 @@ TEST_F(InteractiveRenderTest, AnotherStartEndsTheFirstSession) {
     }
     return -1;
   };
-  // The first hears of its end before the second is there to listen.
-  EXPECT_LT(place("frame", 1), place("listens", 2));
+  // The first hears of its end before the second is connected to.
+  EXPECT_LT(place("frame", 1), place("accepted", 2));
 }
 
 TEST_F(InteractiveRenderTest, AMaterialGoesToTheObjectsThatHaveIt) {

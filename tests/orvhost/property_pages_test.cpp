@@ -190,6 +190,27 @@ TEST_F(PropertyPages, AChangeIsOneStepForUndo) {
                           HasSubstr("Orv Material change"), HasSubstr("Layer material")));
 }
 
+TEST_F(PropertyPages, EnterChangesNothing) {
+  for (const char* const control : {"Transparency", "Color", "Surface", "Instancer"}) {
+    const ProcessResult result =
+        Run({kStillLife, "-c",
+             "SelName Backdrop Properties OrvMaterial " + std::string(control) + " Enter What"});
+    EXPECT_EQ(result.status, 0) << control << result.err;
+    EXPECT_THAT(result.out, HasSubstr("material: \"Paper\", of the layer")) << control;
+  }
+  EXPECT_EQ(Run({kStillLife, "-c", "SelName Vase Properties OrvObject LineColor Enter Undo"}).out,
+            "1 object added to the selection.\nNothing to undo.\n");
+}
+
+TEST_F(PropertyPages, WhatIsNoNumberIsRefused) {
+  for (const char* const text : {"abc", "\"\"", "-", "."}) {
+    const ProcessResult result =
+        Run({kStillLife, "-c", "SelName Vase Properties OrvObject Flatness " + std::string(text)});
+    EXPECT_EQ(result.status, 3) << text;
+    EXPECT_THAT(result.err, HasSubstr("takes a number")) << text;
+  }
+}
+
 TEST_F(PropertyPages, EachPageNeedsItsOwnKind) {
   EXPECT_THAT(Print(kStillLife, "SelName Vase Properties \"Orv Light\" On No", 3),
               HasSubstr("Orv Light"));

@@ -66,6 +66,14 @@ TEST_F(PreviewScene, HoldsTheMaterialAsItsFile) {
   EXPECT_EQ(middle, TextFromMaterial(folder_.File("Ball.rib"), 1, attributes));
 }
 
+TEST_F(PreviewScene, HasTheNameOfItsFileWhateverTheMaterialIsCalled) {
+  MaterialAttributes attributes;
+  attributes.Name = "Orange";
+  const std::string middle = Middle(attributes);
+  EXPECT_NE(middle.find("\"Ball\""), std::string::npos) << middle;
+  EXPECT_EQ(middle.find("Orange"), std::string::npos) << middle;
+}
+
 TEST_F(PreviewScene, ShowsNoInstances) {
   MaterialAttributes attributes;
   attributes.Instancer = "\"VInstanceTree\"";

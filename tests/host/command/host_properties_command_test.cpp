@@ -88,9 +88,8 @@ TEST_F(PropertiesCommand, EnterKeepsTheValueAndPressesAButton) {
   EXPECT_EQ(Run("Properties \"Sample Main\" Press Enter"), CommandResult::success);
   EXPECT_EQ(Run("Properties \"Sample Main\" Press hard"), CommandResult::success);
   EXPECT_THAT(plug_in_.m_document.Calls,
-              ElementsAre("open Sample Main", "Size=10", "accept Sample Main", "open Sample Main",
-                          "Press=", "accept Sample Main", "open Sample Main", "Press=hard",
-                          "accept Sample Main"));
+              ElementsAre("open Sample Main", "open Sample Main", "Press=", "accept Sample Main",
+                          "open Sample Main", "Press=hard", "accept Sample Main"));
 }
 
 TEST_F(PropertiesCommand, ListsOnePage) {
