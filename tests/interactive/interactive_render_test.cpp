@@ -118,6 +118,7 @@ TEST_F(InteractiveRenderTest, AnotherStartEndsTheFirstSession) {
   // Time enough for the first one to note its end, however busy the machine is.
   ASSERT_TRUE(render_.StartIprSession("scene.rib", {Listener::FreePort(), 10, 2000ms}));
   EXPECT_TRUE(bench_.Wait("end"));
+  EXPECT_TRUE(bench_.Wait("accepted", 2));
   const auto events = bench_.Events();
   const auto place = [&](const std::string& event, int nth) {
     for (std::size_t i = 0; i < events.size(); ++i) {
