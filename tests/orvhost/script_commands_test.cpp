@@ -190,6 +190,15 @@ TEST_F(ScriptCommandsTest, ThreadsHoldAtOnceAndAreCutAtTheNextStart) {
   EXPECT_THAT(FileContent(folder_.File("profile/profile.ini")), HasSubstr("\nThreads=8\n"));
 }
 
+TEST_F(ScriptCommandsTest, SubDsCountAsMeshes) {
+  const auto corpus = ModelCorpus();
+  if (!corpus) GTEST_SKIP() << "ORV_MODEL_CORPUS isn't set";
+  const std::string model = *corpus / "real/v7_rhino_logo_subd.3dm";
+  const ProcessResult result = Run({model, "-c", "SelAll OrvObject CastShadow=No Enter Undo"});
+  EXPECT_EQ(result.status, 0) << result.out << result.err;
+  EXPECT_THAT(result.out, testing::EndsWith("Undo: OrvObject.\n"));
+}
+
 TEST_F(ScriptCommandsTest, RealDocumentsTakeLightsNamesAndMaterials) {
   std::vector<std::string> models = {kExample};
   if (const auto corpus = ModelCorpus()) {

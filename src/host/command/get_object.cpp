@@ -17,6 +17,7 @@ unsigned FilterBits(ON_ObjectType type) {
   if (type == ON_ObjectType::brep || type == ON_ObjectType::extrusion) {
     return Bits(type) | Bits(ON_ObjectType::surface) | CRhinoGetObject::polysurface_filter;
   }
+  if (type == ON_ObjectType::subd) return Bits(type) | Bits(ON_ObjectType::mesh);
   return Bits(type);
 }
 

@@ -19,7 +19,7 @@ class CRhinoGetObject : public CRhinoGet {
   explicit CRhinoGetObject(CRhinoCommandContext& context) : CRhinoGet(context) {}
 
   // Kinds that can be had, as bits of ON_ObjectType and polysurface_filter. A brep or an extrusion
-  // fits the filter of surfaces and of polysurfaces. All kinds at first.
+  // fits the filter of surfaces and of polysurfaces, a SubD that of meshes. All kinds at first.
   void SetGeometryFilter(unsigned filter) { filter_ = filter; }
   // Whether the selected objects are taken (they are at first), and whether selected ones of other
   // kinds are passed over rather than making it ask.
