@@ -1,6 +1,7 @@
 // Material files of the material page.
 
 #include "host/document/app.h"
+#include "host/system/file_replacement.h"
 #include "jobs/plugin.h"
 #include "pages/material_editor.h"
 #include "pages/property_control.h"
@@ -31,9 +32,10 @@ void MaterialEditor::Load(CRhinoCommandContext& context, std::string_view value)
 void MaterialEditor::Save(CRhinoCommandContext& context, std::string_view value) {
   std::string path;
   if (!orv::ChooseFile(context, kSave, plug_in_.User(), value, path)) return;
-  host::FileWriter file(path);
-  const bool isWritten = file.IsOpen() && WriteMaterialFile(file, path, Gamma(), current_);
-  if (!isWritten || !file.Close()) RhinoApp().Print("Unable to save selected material.\n");
+  // An older file stays as it is when the new one can't be written whole.
+  if (!host::ReplaceFile(path, TextFromMaterial(path, Gamma(), current_))) {
+    RhinoApp().Print("Unable to save selected material.\n");
+  }
 }
 
 }  // namespace orv

@@ -1,5 +1,7 @@
 #include "pages/material_rows.h"
 
+#include <algorithm>
+
 #include "host/system/text.h"
 #include "pages/material_row_pick.h"
 #include "pages/material_row_value.h"
@@ -58,6 +60,15 @@ void AddRow(const std::string& id, CRhinoControl caption, CRhinoControl value, C
   controls.insert(controls.end(), {std::move(caption), std::move(value), std::move(pick)});
 }
 
+// The parameter's name; those after the first of a name have a number, as "Ka#2".
+std::string RowName(const std::vector<ShaderParam>& params, std::size_t index) {
+  const auto end = params.begin() + static_cast<std::ptrdiff_t>(index);
+  const auto before = std::count_if(params.begin(), end, [&](const ShaderParam& param) {
+    return param.Name == params[index].Name;
+  });
+  return params[index].Name + (before == 0 ? "" : "#" + std::to_string(before + 1));
+}
+
 }  // namespace
 
 std::string RowCaption(const std::vector<ShaderParam>& params, std::size_t index) {
@@ -95,7 +106,7 @@ std::vector<CRhinoControl> MaterialRows::Controls(std::string_view slot) const {
   std::vector<CRhinoControl> controls;
   const std::vector<ShaderParam>& params = draft_.Params;
   for (const std::size_t index : Shown()) {
-    AddRow(std::string(slot) + '.' + params[index].Name, CaptionControl(params, index),
+    AddRow(std::string(slot) + '.' + RowName(params, index), CaptionControl(params, index),
            ValueControl(params[index]), PickControl(params[index]), controls);
   }
   return controls;

@@ -202,6 +202,20 @@ TEST_F(PropertyPages, EnterChangesNothing) {
             "1 object added to the selection.\nNothing to undo.\n");
 }
 
+TEST_F(PropertyPages, ParametersOfOneNameAreToldApart) {
+  WriteFileContent(
+      folder_.File("job.txt"),
+      "SelName Vase\n"
+      "SetUserText On=Material OrvSurface \"\"\"X\"\" \"\"float a\"\" [1] \"\"float a\"\" [2]\"\n"
+      "Properties OrvMaterial Surface.a.Caption Enter\n"
+      "Properties OrvMaterial Surface.a#2 7\n"
+      "OrvWriteArchive Archive=vase.rib Enter\n");
+  const ProcessResult result = Run({kStillLife, "--script", "job.txt"});
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_THAT(FileContent(folder_.File("vase.rib")),
+              HasSubstr("\"X\" \"float a\" [1] \"float a\" [7]"));
+}
+
 TEST_F(PropertyPages, WhatIsNoNumberIsRefused) {
   for (const char* const text : {"abc", "\"\"", "-", "."}) {
     const ProcessResult result =
