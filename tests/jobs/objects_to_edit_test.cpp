@@ -48,13 +48,14 @@ TEST_F(ObjectsToEditTest, TakesWhatHasASurfaceOrALook) {
   EXPECT_TRUE(IsTaken(std::make_shared<ON_Mesh>()));
   EXPECT_TRUE(IsTaken(std::make_shared<ON_InstanceRef>()));
   EXPECT_TRUE(IsTaken(std::make_shared<ON_Extrusion>()));
-  EXPECT_FALSE(IsTaken(std::make_shared<ON_SubD>()));
+  EXPECT_TRUE(IsTaken(std::make_shared<ON_SubD>()));
+  EXPECT_FALSE(IsTaken(std::make_shared<ON_Annotation>()));
 }
 
 TEST_F(ObjectsToEditTest, ThoseOfOtherKindsArePassedOver) {
   ONX_Model model;
   model.m_object_table.resize(2);
-  model.m_object_table[0].m_geometry = std::make_shared<ON_SubD>();
+  model.m_object_table[0].m_geometry = std::make_shared<ON_Annotation>();
   model.m_object_table[1].m_geometry = std::make_shared<ON_Mesh>();
   doc_.SetModel(std::move(model), "");
   for (const auto& object : doc_.Objects()) EXPECT_TRUE(object->Select());
