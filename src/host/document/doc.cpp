@@ -38,7 +38,7 @@ void CRhinoDoc::SetModel(ONX_Model model, std::string path) {
   path_ = std::move(path);
   source_ = std::move(model.m_source);
   file_version_ = model.m_3dm_file_version;
-  library_version_ = model.m_3dm_opennurbs_version;
+  written_by_library_ = model.m_3dm_opennurbs_version;
   file_properties_ = std::move(model.m_properties);
   properties_.settings_ = std::move(model.m_settings);
   undo_.Clear();

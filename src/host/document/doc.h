@@ -57,7 +57,7 @@ class CRhinoDoc {
   const std::shared_ptr<const DocumentSource>& Source() const { return source_; }
   // 2, 3, 4, 50, 60, 70, 80; 0 for a new document. The number of the library that wrote it.
   int FileVersion() const { return file_version_; }
-  unsigned LibraryVersion() const { return library_version_; }
+  unsigned LibraryVersion() const { return written_by_library_; }
 
   const CRhinoDocProperties& Properties() const { return properties_; }
   ON_UnitSystem ModelUnits() const { return properties_.ModelUnitsAndTolerances().m_unit_system; }
@@ -172,7 +172,7 @@ class CRhinoDoc {
   SourceCounts source_counts_;
   ON_UserStringList source_user_strings_;
   int file_version_ = 0;
-  unsigned library_version_ = 0;
+  unsigned written_by_library_ = 0;
   ON_3dmProperties file_properties_;
   CRhinoDocProperties properties_;
   ObjectList objects_;

@@ -128,7 +128,7 @@ void DocumentSaver::Adopt(std::string_view path, std::shared_ptr<const DocumentS
     if (plugIn.bytes && isOfPlugIn) doc_.plugin_data_.push_back(DataOf(plugIn));
   }
   doc_.file_version_ = VersionOf(doc_);
-  doc_.library_version_ = LibraryOf(doc_);
+  doc_.written_by_library_ = LibraryOf(doc_);
   doc_.source_counts_ = doc_.TableCounts();
   doc_.source_user_strings_ = doc_.m_user_strings;
   doc_.source_ = std::move(written);
