@@ -190,6 +190,61 @@ TEST_F(ScriptCommandsTest, ThreadsHoldAtOnceAndAreCutAtTheNextStart) {
   EXPECT_THAT(FileContent(folder_.File("profile/profile.ini")), HasSubstr("\nThreads=8\n"));
 }
 
+TEST_F(ScriptCommandsTest, LightsAreChangedAndMoved) {
+  WriteMeshes("a.3dm");
+  const ProcessResult result = Run(
+      {"a.3dm", "-c",
+       "AddLight Name=Lamp Spot 0,0,0 0,0,-1 AddLight Name=Lamp Point 1,1,1 SelName Lamp "
+       "SetLight Color=255,0,0 Location=1,2,3 Target=1,2,0 ShadowIntensity=0.5 SpotAngle=30 Enter "
+       "MoveObject 0,0,0 10,0,0 OrvExport RibName=a.rib Enter"});
+  EXPECT_EQ(result.status, 0) << result.out << result.err;
+  EXPECT_THAT(result.out, HasSubstr("2 lights changed.\n2 lights moved.\n"));
+  const std::string rib = FileContent(folder_.File("a.rib"));
+  EXPECT_THAT(rib, HasSubstr("\"lightcolor\" [ 1 0 0 ]"));
+  EXPECT_THAT(rib, HasSubstr("\"from\" [ 11 2 3 ] \"to\" [ 11 2 0 ]"));
+  EXPECT_THAT(rib, HasSubstr("\"coneangle\" [ 0.523599 ]"));
+  EXPECT_THAT(rib, HasSubstr("\"pointlight\" 2 \"lightcolor\" [ 1 0 0 ] \"from\" [ 11 2 3 ]"));
+}
+
+TEST_F(ScriptCommandsTest, ALightWithoutAChangeStays) {
+  WriteMeshes("a.3dm");
+  EXPECT_EQ(
+      Run({"a.3dm", "-c", "AddLight Name=Lamp Point 0,0,0 SelName Lamp SetLight Enter"}).status, 2);
+  EXPECT_EQ(
+      Run({"a.3dm", "-c", "AddLight Name=Lamp Point 0,0,0 SelName Lamp SetLight On=No !"}).status,
+      1);
+  const ProcessResult far = Run(
+      {"a.3dm", "-c", "AddLight Name=Lamp Point 0,0,0 SelName Lamp SetLight ShadowIntensity=2"});
+  EXPECT_EQ(far.status, 3);
+  EXPECT_THAT(far.err, HasSubstr("ShadowIntensity takes a number from 0 to 1, not '2'."));
+  EXPECT_EQ(Run({"a.3dm", "-c", "SelName Mesh1 MoveObject Mesh1 Enter 0,0,0 1,1,1"}).status, 3);
+}
+
+TEST_F(ScriptCommandsTest, TheCameraOfTheViewIsMoved) {
+  WriteMeshes("a.3dm");
+  const ProcessResult result =
+      Run({"a.3dm", "-c",
+           "SetView Perspective ViewCamera Projection=Perspective Lens=85 Location=0,-10,0 "
+           "Target=0,0,0 Enter OrvExport RibName=a.rib Enter "
+           "ViewCamera Projection=Parallel Enter OrvExport RibName=b.rib Enter"});
+  EXPECT_EQ(result.status, 0) << result.out << result.err;
+  const std::string a = FileContent(folder_.File("a.rib"));
+  // Twice the arc tangent of half the film, 12 mm, over the lens.
+  EXPECT_THAT(a, HasSubstr("Projection \"perspective\" \"fov\" [ 16.0714 ]"));
+  // Looks along y, with z up: the camera stands 10 before the origin.
+  EXPECT_THAT(a, HasSubstr("0.0 -0 -0 10 1.0 ]"));
+  EXPECT_THAT(FileContent(folder_.File("b.rib")), HasSubstr("Projection \"orthographic\""));
+}
+
+TEST_F(ScriptCommandsTest, ACameraStandsApartFromItsTarget) {
+  WriteMeshes("a.3dm");
+  const ProcessResult result = Run({"a.3dm", "-c", "ViewCamera Location=1,2,3 Target=1,2,3 Enter"});
+  EXPECT_EQ(result.status, 3);
+  EXPECT_EQ(result.out, "The camera must stand apart from its target.\n");
+  EXPECT_EQ(Run({"a.3dm", "-c", "ViewCamera Projection=Perspective Lens=0 Enter"}).status, 3);
+  EXPECT_EQ(Run({"a.3dm", "-c", "ViewCamera Location=1,2,3 !"}).status, 1);
+}
+
 TEST_F(ScriptCommandsTest, SubDsCountAsMeshes) {
   const auto corpus = ModelCorpus();
   if (!corpus) GTEST_SKIP() << "ORV_MODEL_CORPUS isn't set";

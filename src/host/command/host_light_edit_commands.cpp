@@ -62,42 +62,66 @@ void TurnTo(ON_3dPoint target, ON_Light& light) {
   if (direction.Length() > 0) light.m_direction = direction;
 }
 
-// One round: asks for an option. `edits` gets what it changes.
-CRhinoGet::Result AskForValue(CRhinoCommandContext& context, LightValues& values,
-                              std::vector<LightEdit>& edits, CommandResult& ended) {
-  CRhinoGetOption get(context);
-  get.SetCommandPrompt("Values of the light");
-  get.AcceptNothing();
-  const int on = get.AddCommandOptionToggle("On", "No", "Yes", &values.on);
-  const int color = get.AddCommandOptionColor("Color", &values.color, "Color of the light");
-  const int location = get.AddCommandOption("Location", PointText(values.location));
-  const int target = get.AddCommandOption("Target", PointText(values.target));
-  const int shadow =
-      get.AddCommandOptionNumber("ShadowIntensity", &values.shadow, "Shadow intensity (0-1)", 0, 1);
-  get.AddCommandOptionNumber("SpotAngle", &values.spot_angle,
-                             "Half the angle of a spot's cone (degrees)", 1, 89);
-  const CRhinoGet::Result result = get.GetOption();
-  ended = get.CommandResult();
-  if (result != CRhinoGet::Result::option) return result;
-  const int picked = get.OptionIndex();
-  if (picked == on) {
-    edits.emplace_back([on = values.on](ON_Light& light) { light.Enable(on); });
-  } else if (picked == color) {
-    edits.emplace_back([color = values.color](ON_Light& light) { light.SetDiffuse(color); });
-  } else if (picked == location) {
-    ended = AskForPoint(context, "Location", values.location);
-    edits.emplace_back([at = values.location](ON_Light& light) { light.m_location = at; });
-  } else if (picked == target) {
-    ended = AskForPoint(context, "Target", values.target);
-    edits.emplace_back([to = values.target](ON_Light& light) { TurnTo(to, light); });
-  } else if (picked == shadow) {
-    edits.emplace_back([part = values.shadow](ON_Light& light) { light.SetShadowIntensity(part); });
-  } else {
-    edits.emplace_back([angle = values.spot_angle](ON_Light& light) {
-      if (light.IsSpotLight()) light.m_spot_angle = angle;
-    });
+// An option of SetLight: what adds it to a getter, and what gives its value to a light. Where it is
+// a point, that is asked for.
+struct LightOption {
+  void (*Add)(CRhinoGetOption& get, LightValues& values);
+  void (*Give)(const LightValues& values, ON_Light& light);
+  ON_3dPoint LightValues::*Point = nullptr;
+};
+
+constexpr LightOption kLightOptions[] = {
+    {[](CRhinoGetOption& get, LightValues& values) {
+       get.AddCommandOptionToggle("On", "No", "Yes", &values.on);
+     },
+     [](const LightValues& values, ON_Light& light) { light.Enable(values.on); }},
+    {[](CRhinoGetOption& get, LightValues& values) {
+       get.AddCommandOptionColor("Color", &values.color, "Color of the light");
+     },
+     [](const LightValues& values, ON_Light& light) { light.SetDiffuse(values.color); }},
+    {[](CRhinoGetOption& get, LightValues& values) {
+       get.AddCommandOption("Location", PointText(values.location));
+     },
+     [](const LightValues& values, ON_Light& light) { light.m_location = values.location; },
+     &LightValues::location},
+    {[](CRhinoGetOption& get, LightValues& values) {
+       get.AddCommandOption("Target", PointText(values.target));
+     },
+     [](const LightValues& values, ON_Light& light) { TurnTo(values.target, light); },
+     &LightValues::target},
+    {[](CRhinoGetOption& get, LightValues& values) {
+       get.AddCommandOptionNumber("ShadowIntensity", &values.shadow, "Shadow intensity (0-1)", 0,
+                                  1);
+     },
+     [](const LightValues& values, ON_Light& light) { light.SetShadowIntensity(values.shadow); }},
+    {[](CRhinoGetOption& get, LightValues& values) {
+       get.AddCommandOptionNumber("SpotAngle", &values.spot_angle,
+                                  "Half the angle of a spot's cone (degrees)", 1, 89);
+     },
+     [](const LightValues& values, ON_Light& light) {
+       if (light.IsSpotLight()) light.m_spot_angle = values.spot_angle;
+     }},
+};
+
+// Asks for values until Enter, and notes what each that was given does. Success, or what the
+// command gives back.
+CommandResult AskForValues(CRhinoCommandContext& context, LightValues values,
+                           std::vector<LightEdit>& edits) {
+  for (;;) {
+    CRhinoGetOption get(context);
+    get.SetCommandPrompt("Values of the light");
+    get.AcceptNothing();
+    for (const LightOption& option : kLightOptions) option.Add(get, values);
+    const CRhinoGet::Result result = get.GetOption();
+    if (result == CRhinoGet::Result::nothing) return CommandResult::success;
+    if (result != CRhinoGet::Result::option) return get.CommandResult();
+    const LightOption& picked = kLightOptions[get.OptionIndex() - 1];
+    if (picked.Point != nullptr) {
+      const CommandResult asked = AskForPoint(context, "Point", values.*picked.Point);
+      if (asked != CommandResult::success) return asked;
+    }
+    edits.emplace_back([&picked, values](ON_Light& light) { picked.Give(values, light); });
   }
-  return ended == CommandResult::success ? result : CRhinoGet::Result::no_result;
 }
 
 CommandResult RunSetLight(CRhinoCommandContext& context) {
@@ -106,13 +130,9 @@ CommandResult RunSetLight(CRhinoCommandContext& context) {
   if (ended != CommandResult::success) return ended;
   const ON_Light* first = ON_Light::Cast(lights.front()->Geometry());
   if (first == nullptr) return CommandResult::failure;
-  LightValues values(*first);
   std::vector<LightEdit> edits;
-  CRhinoGet::Result result = CRhinoGet::Result::option;
-  while (result == CRhinoGet::Result::option) {
-    result = AskForValue(context, values, edits, ended);
-  }
-  if (result != CRhinoGet::Result::nothing) return ended;
+  ended = AskForValues(context, LightValues(*first), edits);
+  if (ended != CommandResult::success) return ended;
   if (edits.empty()) return CommandResult::nothing;
   return EditLights(context.m_doc, lights, edits, "changed");
 }
